@@ -1,0 +1,20 @@
+# Cross build for 32-bit Windows with mingw-w64, posix threads, static runtime.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR x86)
+set(_target i686-w64-mingw32)
+# The unsuffixed drivers may be the win32-threads flavour, which has no std::thread.
+set(CMAKE_C_COMPILER ${_target}-gcc-posix)
+set(CMAKE_CXX_COMPILER ${_target}-g++-posix)
+set(CMAKE_RC_COMPILER ${_target}-windres)
+set(CMAKE_AR ${_target}-gcc-ar-posix)
+set(CMAKE_RANLIB ${_target}-gcc-ranlib-posix)
+set(CMAKE_FIND_ROOT_PATH /usr/${_target})
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+set(CMAKE_C_FLAGS_INIT "-D_WIN32_WINNT=0x0601 -DWINVER=0x0601")
+set(CMAKE_CXX_FLAGS_INIT "-D_WIN32_WINNT=0x0601 -DWINVER=0x0601")
+set(CMAKE_EXE_LINKER_FLAGS_INIT
+    "-static -static-libgcc -static-libstdc++ -Wl,--nxcompat,--dynamicbase,--large-address-aware")
+set(CMAKE_SHARED_LINKER_FLAGS_INIT "-static -static-libgcc -static-libstdc++ -Wl,--nxcompat,--dynamicbase")

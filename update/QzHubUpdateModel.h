@@ -1,0 +1,57 @@
+#pragma once
+
+#include "utility/http_downloader.h"
+#include "utility/task_dispatcher.h"
+
+#include <atomic>
+#include <functional>
+#include <string>
+
+// Finds out whether a newer launcher exists, fetches the new program, and keeps what the
+// hand-over at the program's end needs. Owns no window: results reach the interface as
+// tasks that call the two callbacks on the window thread.
+//
+// One instance for the life of the process. Operations belong to the window thread, the
+// members with an underscore to the workers of the two clients.
+
+class QzHubUpdateModel : public utility::CHttpDownloader::IHttpDownloadSink {
+public:
+    static QzHubUpdateModel& instance();
+
+    // Starts a check on checkClient's worker; does nothing while one is in flight.
+    // A silent check reports only what the publisher wants users to be told of unasked.
+    void checkVersion(bool silent);
+
+    // Stops an earlier download and starts a new one on downloadClient's worker.
+    void startDownload();
+
+    void _threadProcCheckVersion(bool silent);
+    void _threadDownloadPlayer();
+
+    bool onHttpDownload(const void* data, uint32_t length, uint32_t received, uint32_t total) override;
+
+    std::wstring getPackagePath() const { return packagePath; }
+
+    // Empty version: no update. Set by the main window.
+    std::function<void(const std::wstring& version, const std::wstring& content, bool force)> onCheckResult;
+
+    // 100 only when the new program is in place. Set by whoever shows the download; may
+    // be empty.
+    std::function<void(int percent)> onDownloadPercent;
+
+    utility::CHttpDownloader checkClient;
+    utility::CHttpDownloader downloadClient;
+
+    // Set on the download worker after packagePath, once the program is complete.
+    std::atomic<bool> needUpdate = false;
+
+private:
+    common::TaskPoster poster;
+    std::atomic<bool> checking = false;
+    uint32_t lastProgressTick = 0;
+    std::wstring url;
+    std::wstring content;
+    std::wstring version;
+    bool force = false;
+    std::wstring packagePath;
+};

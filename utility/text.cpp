@@ -1,0 +1,52 @@
+#include "utility/text.h"
+
+#include <cctype>
+
+namespace utility {
+
+namespace {
+
+template <class View>
+View withoutOuterBlanks(View text) {
+    const auto first = text.find_first_not_of(' ');
+    if (first == View::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+template <class View>
+auto splitView(View text, View separator) {
+    std::vector<std::basic_string<typename View::value_type>> items;
+    if (text.empty() || separator.empty())
+        return items;
+    size_t position = 0;
+    for (size_t hit; (hit = text.find(separator, position)) != View::npos; position = hit + separator.size())
+        items.emplace_back(withoutOuterBlanks(text.substr(position, hit - position)));
+    items.emplace_back(withoutOuterBlanks(text.substr(position)));
+    return items;
+}
+
+} // namespace
+
+std::string trim(std::string_view text) {
+    return std::string(withoutOuterBlanks(text));
+}
+
+std::wstring trim(std::wstring_view text) {
+    return std::wstring(withoutOuterBlanks(text));
+}
+
+void toLower(std::string& text) {
+    for (char& c : text)
+        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+}
+
+std::vector<std::string> split(std::string_view text, std::string_view separator) {
+    return splitView(text, separator);
+}
+
+std::vector<std::wstring> split(std::wstring_view text, std::wstring_view separator) {
+    return splitView(text, separator);
+}
+
+} // namespace utility

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+// String helpers that know nothing of Windows. Only the blank counts as white space.
+
+namespace utility {
+
+std::string trim(std::string_view text);
+std::wstring trim(std::wstring_view text);
+
+void toLower(std::string& text); // tolower on each character, in place
+
+// The trimmed pieces between separators; empty ones stay, also a last one. An empty
+// text or separator gives no items.
+std::vector<std::string> split(std::string_view text, std::string_view separator);
+std::vector<std::wstring> split(std::wstring_view text, std::wstring_view separator);
+
+} // namespace utility

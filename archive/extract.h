@@ -23,9 +23,9 @@ enum Result : int {
     OutOfMemory = 1002,
     Unsupported = 1003,
     BadParameter = 1004,
-    CrcError = 1005,   // of a block, of the header, or of one entry
-    InputEnd = 1006,   // also when the archive file cannot be opened
-    OutputEnd = 1007,  // the sink stopped taking data
+    CrcError = 1005,  // of a block, of the header, or of one entry
+    InputEnd = 1006,  // also when the archive file cannot be opened
+    OutputEnd = 1007, // the sink stopped taking data
     ReadError = 1008,
     WriteError = 1009,
     ProgressStop = 1010,
@@ -61,7 +61,8 @@ protected:
 using ExtractFileHandler = void (*)(const wchar_t* fileName, const void* bytes, uint32_t size);
 
 // callback may be null. Existing files are replaced; folders are made as needed.
-int extractArchive(const std::wstring& archivePath, const std::wstring& directory, SzExtractCallback* callback);
+int extractArchive(const std::wstring& archivePath, const std::wstring& directory,
+                   SzExtractCallback* callback);
 
 // Entries without data and folders are passed over. The bytes stay the caller's.
 int extractArchiveFromMemory(const void* bytes, uint32_t size, ExtractFileHandler handler);

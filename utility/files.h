@@ -39,8 +39,8 @@ class FileHandle {
 public:
     bool open(const std::wstring& path, bool createIfMissing);
     bool openA(const std::string& path, bool createIfMissing); // system code page
-    bool create(const std::wstring& path); // empties an existing file
-    bool write(const void* data, uint32_t length); // true only if all was written
+    bool create(const std::wstring& path);                     // empties an existing file
+    bool write(const void* data, uint32_t length);             // true only if all was written
     bool seekToEnd();
     void close(); // repeatable
 

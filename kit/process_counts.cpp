@@ -44,6 +44,37 @@ unsigned countGdiSlots(HANDLE process) {
     return count;
 }
 
+struct HandleEntry {
+    ULONG owner;
+    BYTE kind;
+    BYTE flags;
+    USHORT value;
+    void* object;
+    ULONG access;
+};
+struct HandleTable {
+    ULONG count;
+    HandleEntry entries[1];
+};
+constexpr auto SystemHandleTable = static_cast<SYSTEM_INFORMATION_CLASS>(16);
+
+// From the system's table of all handles: Wine answers 0 to GetProcessHandleCount.
+unsigned countHandles(DWORD processId) {
+    std::vector<char> buffer(1 << 20);
+    ULONG needed = 0;
+    while (NtQuerySystemInformation(SystemHandleTable, buffer.data(), static_cast<ULONG>(buffer.size()),
+                                    &needed) != 0) {
+        if (buffer.size() > 64u << 20)
+            return 0;
+        buffer.resize(buffer.size() * 2);
+    }
+    const auto* table = reinterpret_cast<const HandleTable*>(buffer.data());
+    unsigned count = 0;
+    for (ULONG i = 0; i < table->count; ++i)
+        count += table->entries[i].owner == processId;
+    return count;
+}
+
 unsigned countThreads(DWORD processId) {
     utility::FileOwner snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0));
     THREADENTRY32 entry = {};
@@ -71,10 +102,9 @@ unsigned countWindows(DWORD processId) {
 
 bool readProcessCounts(DWORD processId, ProcessCounts& counts) {
     utility::KernelHandle process(OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, processId));
-    DWORD handles = 0;
-    if (!process || !GetProcessHandleCount(process.get(), &handles))
+    if (!process)
         return false;
-    counts.handles = handles;
+    counts.handles = countHandles(processId);
     counts.threads = countThreads(processId);
     counts.windows = countWindows(processId);
     counts.gdi = GetGuiResources(process.get(), GR_GDIOBJECTS);

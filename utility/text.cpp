@@ -1,6 +1,9 @@
 #include "utility/text.h"
 
+#include <algorithm>
 #include <cctype>
+#include <climits>
+#include <cstdlib>
 
 namespace utility {
 
@@ -39,6 +42,12 @@ std::wstring trim(std::wstring_view text) {
 void toLower(std::string& text) {
     for (char& c : text)
         c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+}
+
+int toInt(const std::string& text) {
+    // strtol saturates, where atoi may do anything; long has 32 bits on Windows only.
+    const long value = std::strtol(text.c_str(), nullptr, 10);
+    return static_cast<int>(std::clamp<long>(value, INT_MIN, INT_MAX));
 }
 
 std::vector<std::string> split(std::string_view text, std::string_view separator) {

@@ -13,6 +13,10 @@ std::wstring trim(std::wstring_view text);
 
 void toLower(std::string& text); // tolower on each character, in place
 
+// The decimal number at the start of text, behind white space and a sign; what follows is
+// ignored. 0 without one, and the nearest 32-bit value for a number beyond them.
+int toInt(const std::string& text);
+
 // The trimmed pieces between separators; empty ones stay, also a last one. An empty
 // text or separator gives no items.
 std::vector<std::string> split(std::string_view text, std::string_view separator);

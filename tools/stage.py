@@ -1,0 +1,270 @@
+"""The stage on which the real program is run: a display, a Wine prefix, the publisher
+and an installed launcher. Used by ./run and by the end-to-end tests.
+
+Everything that is started here ends with the stage, also after Ctrl+C.
+"""
+import json
+import os
+import pathlib
+import re
+import shutil
+import signal
+import subprocess
+import time
+import urllib.parse
+import urllib.request
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+BIN = ROOT / "build/win32/bin"
+PORT = 18080  # the default endpoints of the build
+REGISTRY_KEY = r"HKCU\Software\wexlane\VYN"
+
+
+class StageError(Exception):
+    """Something that the stage needs is not to be had; the text says what."""
+
+
+def wait_for(condition, seconds, what):
+    """The first true value of condition(), or StageError after so many seconds."""
+    deadline = time.monotonic() + seconds
+    while True:
+        value = condition()
+        if value:
+            return value
+        if time.monotonic() > deadline:
+            raise StageError(f"waited {seconds} seconds in vain for {what}")
+        time.sleep(0.1)
+
+
+def windows_path(path):
+    return "Z:" + str(path).replace("/", "\\")
+
+
+class Display:
+    """An X display: the user's own, or a virtual one with a window manager."""
+
+    def __init__(self, own=False, size="1920x1080"):
+        self.processes = []
+        if own:
+            self.name = os.environ["DISPLAY"]
+            return
+        read, write = os.pipe()
+        server = subprocess.Popen(["Xvfb", "-displayfd", str(write), "-screen", "0", size + "x24", "-nolisten", "tcp"],
+                                  pass_fds=[write], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        os.close(write)
+        with os.fdopen(read) as pipe:
+            number = pipe.readline().strip()
+        self.processes.append(server)
+        if not number:
+            raise StageError("Xvfb gives no display")
+        self.name = ":" + number
+        self.processes.append(subprocess.Popen(["openbox", "--sm-disable"], env=dict(os.environ, DISPLAY=self.name),
+                                               stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL))
+
+    def _run(self, *command):
+        result = subprocess.run(command, env=dict(os.environ, DISPLAY=self.name), capture_output=True, text=True)
+        return result.stdout
+
+    def click(self, x, y, button=1):
+        self._run("xdotool", "mousemove", str(x), str(y), "click", str(button))
+
+    def move(self, x, y):
+        self._run("xdotool", "mousemove", str(x), str(y))
+
+    def key(self, *names):
+        self._run("xdotool", "key", *names)
+
+    def window(self, title):
+        """(x, y, width, height) of the visible window of that title, or None."""
+        ids = self._run("xdotool", "search", "--onlyvisible", "--name", f"^{title}$").split()
+        if not ids:
+            return None
+        shell = dict(re.findall(r"(\w+)=(-?\d+)", self._run("xdotool", "getwindowgeometry", "--shell", ids[-1])))
+        return tuple(int(shell[k]) for k in ("X", "Y", "WIDTH", "HEIGHT")) if "X" in shell else None
+
+    def screenshot(self, path):
+        path.parent.mkdir(parents=True, exist_ok=True)
+        self._run("import", "-window", "root", str(path))
+
+    def close(self):
+        for process in reversed(self.processes):
+            process.terminate()
+            process.wait()
+
+
+class Wine:
+    """A prefix of the stage's own, so that its display, registry and processes meet
+    nobody else's. Made once."""
+
+    def __init__(self, display):
+        self.prefix = ROOT / "build/wine-stage"
+        home = ROOT / "build/home"
+        home.mkdir(parents=True, exist_ok=True)
+        drop = {"LANGUAGE", "LD_PRELOAD"} | {k for k in os.environ if k.lower().endswith("_proxy")}
+        self.environment = {k: v for k, v in os.environ.items() if k not in drop}
+        self.environment.update(
+            WINEPREFIX=str(self.prefix), WINEARCH="win32", WINEDEBUG="-all", WINEDLLOVERRIDES="mscoree,mshtml=",
+            HOME=str(home), LC_ALL="C.UTF-8", DISPLAY=display.name)
+        self._make_prefix()
+        self.server("-p")
+
+    def _make_prefix(self):
+        if (self.prefix / ".done").exists():
+            self.kill()
+            return
+        shutil.rmtree(self.prefix, ignore_errors=True)
+        self.call("wineboot", "-i")
+        self.server("-w")
+        self.call("regedit", "/S", str(ROOT / "tools/wine.reg"))
+        self.kill()
+        (self.prefix / ".done").touch()
+
+    def server(self, option):
+        subprocess.run(["wineserver", option], env=self.environment,
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+    def kill(self):
+        """Ends every program of this prefix."""
+        self.server("-k")
+        self.server("-w")
+
+    def start(self, program, *arguments, cwd=None, locale=None, **options):
+        environment = dict(self.environment, **({"LC_ALL": locale} if locale else {}))
+        options.setdefault("stdout", subprocess.DEVNULL)
+        options.setdefault("stderr", subprocess.DEVNULL)
+        return subprocess.Popen(["wine", str(program), *map(str, arguments)], env=environment, cwd=cwd,
+                                start_new_session=True, **options)
+
+    def call(self, program, *arguments):
+        process = self.start(program, *arguments, stdout=subprocess.PIPE, text=True, errors="replace")
+        return process.communicate()[0], process.returncode
+
+    def processes(self):
+        """Lower-case program names of all running Windows programs of this prefix."""
+        names = []
+        for entry in pathlib.Path("/proc").glob("[0-9]*"):
+            try:
+                environment = (entry / "environ").read_bytes()
+                line = (entry / "cmdline").read_bytes().split(b"\0")[0].decode(errors="replace")
+            except OSError:
+                continue
+            if f"WINEPREFIX={self.prefix}\0".encode() in environment and line.lower().endswith(".exe"):
+                names.append(re.split(r"[\\/]", line)[-1].lower())
+        return names
+
+
+class Publisher:
+    """publisher.exe over a folder of its own, on the port that the build names."""
+
+    def __init__(self, wine, folder):
+        self.folder = folder
+        self.address = f"http://127.0.0.1:{PORT}"
+        shutil.rmtree(folder, ignore_errors=True)
+        (folder / "vyn").mkdir(parents=True)
+        self.process = wine.start(BIN / "publisher.exe", windows_path(folder), "--port", PORT,
+                                  stdout=subprocess.PIPE, text=True)
+        line = self.process.stdout.readline()
+        if not line.startswith("listening"):
+            raise StageError(f"the publisher cannot listen on port {PORT}; is it taken?")
+
+    def document(self, name, content):
+        (self.folder / "vyn" / name).write_text(json.dumps(content), encoding="utf-8")
+
+    def configuration(self, **members):
+        self.document("config_sea.data", members)
+
+    def player(self, url, version="2.1.0"):
+        self.document("qzvyn", {"sea": {"url": self.address + url, "vershow": version}})
+
+    def update(self, **members):
+        self.document("update_en.data", members)
+
+    def _control(self, verb, query=None, method="POST"):
+        query = "?" + urllib.parse.urlencode(query) if query else ""
+        request = urllib.request.Request(f"{self.address}/control/{verb}{query}", method=method)
+        opener = urllib.request.build_opener(urllib.request.ProxyHandler({}))
+        return opener.open(request, timeout=10).read().decode()
+
+    def fault(self, path, kind, **values):
+        self._control("fault", dict(path=path, kind=kind, **values))
+
+    def heal(self):
+        self._control("heal")
+
+    def requests(self):
+        return self._control("requests", method="GET")
+
+
+class Launcher:
+    """tkvyn.exe in a folder of its own, freshly installed."""
+
+    # Centres of the controls at the design size of 1642 by 977.
+    START = (1384, 846)
+    PAUSE = (1060, 800)
+
+    def __init__(self, wine, display, folder):
+        self.wine, self.display, self.folder = wine, display, folder
+        self.process = None
+        shutil.rmtree(folder, ignore_errors=True)
+        folder.mkdir(parents=True)
+        shutil.copy(BIN / "tkvyn.exe", folder)
+        wine.call("reg", "delete", REGISTRY_KEY, "/f")
+
+    @property
+    def game(self):
+        return self.folder / "game"
+
+    def start(self, locale=None):
+        self.process = self.wine.start(windows_path(self.folder / "tkvyn.exe"), cwd=self.folder, locale=locale)
+        wait_for(self.window, 30, "the launcher's window")
+
+    def window(self):
+        return self.display.window("VYN")
+
+    def click(self, place):
+        window = wait_for(self.window, 10, "the launcher's window")
+        self.display.click(window[0] + place[0] * window[2] // 1642, window[1] + place[1] * window[3] // 977)
+
+    def log(self):
+        try:
+            return (self.folder / "log/main.log").read_text(encoding="utf-8", errors="replace")
+        except OSError:
+            return ""
+
+    def wait_log(self, text, seconds=30, count=1):
+        wait_for(lambda: self.log().count(text) >= count, seconds, f"the log line {text!r}")
+
+    def wait_end(self, seconds=30):
+        return self.process.wait(timeout=seconds)
+
+    def kill(self):
+        self.wine.call("taskkill", "/F", "/IM", "tkvyn.exe")
+
+
+class Stage:
+    """Display, Wine and a scratch folder; a context that cleans up after itself."""
+
+    def __init__(self, name, own_display=False, size="1920x1080"):
+        self.scratch = ROOT / "build" / name
+        self.scratch.mkdir(parents=True, exist_ok=True)
+        self.own_display, self.size = own_display, size
+
+    def __enter__(self):
+        signal.signal(signal.SIGTERM, lambda *_: (_ for _ in ()).throw(KeyboardInterrupt()))
+        self.display = Display(self.own_display, self.size)
+        try:
+            self.wine = Wine(self.display)
+        except BaseException:
+            self.display.close()
+            raise
+        return self
+
+    def __exit__(self, *_):
+        self.wine.kill()
+        self.display.close()
+
+    def publisher(self):
+        return Publisher(self.wine, self.scratch / "www")
+
+    def launcher(self):
+        return Launcher(self.wine, self.display, self.scratch / "launcher")

@@ -1,0 +1,30 @@
+"""Runs the tests of both builds through one CTest, on a virtual display."""
+import os
+import subprocess
+import sys
+
+from stage import ROOT, Display
+
+
+def main():
+    display = Display()
+    environment = dict(os.environ, DISPLAY=display.name)
+    wine = dict(environment, WINEPREFIX=str(ROOT / "build/wine"), WINEDEBUG="-all")
+    # One Wine server for the whole run: it starts once, not once a test.
+    subprocess.run([ROOT / "tools/wine-run", "cmd", "/c", "ver"], env=environment, stdout=subprocess.DEVNULL)
+    subprocess.run(["wineserver", "-p"], env=wine)
+    command = ["ctest", "--test-dir", ROOT / "build/win32", "--output-on-failure", "-j", "2"]
+    if len(sys.argv) > 1:
+        command += ["-R", sys.argv[1]]
+    try:
+        return subprocess.run(command, env=environment).returncode
+    finally:
+        subprocess.run(["wineserver", "-k"], env=wine)
+        display.close()
+
+
+if __name__ == "__main__":
+    try:
+        sys.exit(main())
+    except KeyboardInterrupt:
+        sys.exit(130)

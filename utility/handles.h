@@ -69,10 +69,40 @@ struct ModuleTraits {
     static void close(Handle handle) { FreeLibrary(handle); }
 };
 
+template <class GdiHandle>
+struct GdiObjectTraits { // must not be selected into a context when it closes
+    using Handle = GdiHandle;
+    static Handle empty() { return nullptr; }
+    static void close(Handle handle) { DeleteObject(handle); }
+};
+struct MemoryContextTraits { // of CreateCompatibleDC
+    using Handle = HDC;
+    static Handle empty() { return nullptr; }
+    static void close(Handle handle) { DeleteDC(handle); }
+};
+
 using KernelHandle = Owner<KernelHandleTraits>;
 using FileOwner = Owner<FileHandleTraits>;
 using FindHandle = Owner<FindHandleTraits>;
 using Key = Owner<KeyTraits>;
 using Module = Owner<ModuleTraits>;
+using Bitmap = Owner<GdiObjectTraits<HBITMAP>>;
+using Font = Owner<GdiObjectTraits<HFONT>>;
+using Pen = Owner<GdiObjectTraits<HPEN>>;
+using Region = Owner<GdiObjectTraits<HRGN>>;
+using MemoryContext = Owner<MemoryContextTraits>;
+
+// Selects an object into a device context and puts the old one back at the end.
+class Selection {
+public:
+    Selection(HDC context, HGDIOBJ object) : context(context), old(SelectObject(context, object)) {}
+    Selection(const Selection&) = delete;
+    Selection& operator=(const Selection&) = delete;
+    ~Selection() { SelectObject(context, old); }
+
+private:
+    HDC context;
+    HGDIOBJ old;
+};
 
 } // namespace utility

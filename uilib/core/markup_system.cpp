@@ -1,5 +1,5 @@
 #include "uilib/core/markup.h"
-#include "uilib/core/paint_manager.h"
+#include "uilib/core/skin_resources.h"
 #include "utility/encoding.h"
 
 namespace UILib {
@@ -23,7 +23,7 @@ bool CMarkup::LoadFromFile(const wchar_t* fileName, int encoding) {
     Release();
     errorMessage[0] = errorLocation[0] = 0;
     uint32_t size;
-    const auto bytes = CPaintManagerUI::LoadFileBytes(fileName, size);
+    const auto bytes = SkinResources::LoadFileBytes(fileName, size);
     return bytes && LoadFromMem(bytes.get(), size, encoding);
 }
 

@@ -97,10 +97,8 @@ DecodedImage decodeImage(const void* bytes, size_t size) {
     return image;
 }
 
-bool premultiply(const DecodedImage& image, uint32_t* pixels, uint32_t mask) {
+bool premultiply(const uint8_t* rgba, size_t count, uint32_t* pixels, uint32_t mask) {
     bool alphaChannel = false;
-    const uint8_t* rgba = image.rgba.get();
-    const size_t count = static_cast<size_t>(image.width) * static_cast<size_t>(image.height);
     for (size_t i = 0; i < count; ++i, rgba += FourChannels) {
         uint32_t red = rgba[0], green = rgba[1], blue = rgba[2];
         const uint32_t alpha = rgba[3];

@@ -27,8 +27,8 @@ struct DecodedImage {
 
 DecodedImage decodeImage(const void* bytes, size_t size);
 
-// Writes width * height premultiplied BGRA pixels. A finished pixel that equals mask becomes
-// 0. True when a pixel is not opaque afterwards.
-bool premultiply(const DecodedImage& image, uint32_t* pixels, uint32_t mask);
+// Writes count premultiplied BGRA pixels from as many of four bytes. A finished pixel that
+// equals mask becomes 0. True when a pixel is not opaque afterwards.
+bool premultiply(const uint8_t* rgba, size_t count, uint32_t* pixels, uint32_t mask);
 
 } // namespace UILib

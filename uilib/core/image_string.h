@@ -11,7 +11,7 @@
 
 namespace UILib {
 
-constexpr const wchar_t* ColorType = L"*COLOR*"; // resource type of an image that is one colour
+constexpr std::wstring_view ColorType = L"*COLOR*"; // resource type of an image that is one colour
 
 struct ImageString {
     std::wstring name;

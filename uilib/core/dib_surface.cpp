@@ -1,6 +1,6 @@
 #include "uilib/core/dib_surface.h"
 
-#include "uilib/core/boxes.h"
+#include "uilib/core/gdi_values.h"
 #include "uilib/core/render_engine.h"
 
 #include <algorithm>

@@ -60,8 +60,11 @@ ImageSize GdiHtmlDevice::size(const HtmlImage& image) {
 }
 
 ImagePtr GdiHtmlDevice::find(const HtmlImage& image) {
-    return tables.GetImageEx(image.name.c_str(), image.type.empty() ? nullptr : image.type.c_str(), 0,
-                             SourcePixels::Drop);
+    const auto [found, isNew] = images.try_emplace(image.name);
+    if (isNew)
+        found->second = tables.GetImageEx(
+            image.name.c_str(), image.type.empty() ? nullptr : image.type.c_str(), 0, SourcePixels::Drop);
+    return found->second;
 }
 
 } // namespace UILib

@@ -4,6 +4,8 @@
 #include "uilib/core/image.h"
 #include "uilib/core/platform.h"
 
+#include <map>
+
 // Measures formatted text with GDI on one device context, with the fonts and images of a
 // window's resource tables. Its fonts stay selected: the owner of the context puts the old
 // one back. Window thread only.
@@ -31,6 +33,7 @@ private:
     HDC context;
     ResourceTables& tables;
     HFONT selected = nullptr;
+    std::map<std::wstring, ImagePtr> images; // null for those that were looked for in vain
 };
 
 } // namespace UILib

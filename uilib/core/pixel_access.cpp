@@ -1,6 +1,6 @@
 #include "uilib/core/pixel_access.h"
 
-#include "uilib/core/boxes.h"
+#include "uilib/core/gdi_values.h"
 
 namespace UILib {
 

@@ -1,6 +1,6 @@
 #include "uilib/core/render_engine.h"
 
-#include "uilib/core/boxes.h"
+#include "uilib/core/gdi_values.h"
 #include "uilib/core/pixel_access.h"
 
 #include <cstdint>
@@ -8,10 +8,6 @@
 namespace UILib {
 
 namespace {
-
-COLORREF toColorRef(uint32_t argb) {
-    return RGB(argb >> 16 & 0xFF, argb >> 8 & 0xFF, argb & 0xFF);
-}
 
 uint32_t alphaOf(uint32_t argb) {
     return argb >> 24;

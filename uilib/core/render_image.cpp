@@ -1,4 +1,4 @@
-#include "uilib/core/boxes.h"
+#include "uilib/core/gdi_values.h"
 #include "uilib/core/image_decode.h"
 #include "uilib/core/image_string.h"
 #include "uilib/core/number_text.h"

@@ -1,4 +1,4 @@
-#include "uilib/core/boxes.h"
+#include "uilib/core/gdi_values.h"
 #include "uilib/core/html_device.h"
 #include "uilib/core/html_layout.h"
 #include "uilib/core/paint_manager.h"
@@ -9,10 +9,6 @@
 namespace UILib {
 
 namespace {
-
-COLORREF toColorRef(uint32_t argb) {
-    return RGB(argb >> 16 & 0xFF, argb >> 8 & 0xFF, argb & 0xFF);
-}
 
 // The text settings of a context, put back at the end.
 class TextSettings {

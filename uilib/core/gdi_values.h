@@ -3,7 +3,9 @@
 #include "uilib/core/geometry.h"
 #include "uilib/core/platform.h"
 
-// Between the system's rectangles and ours.
+#include <cstdint>
+
+// Between the system's rectangles and colours and ours.
 
 namespace UILib {
 
@@ -22,6 +24,10 @@ inline Box toBox(const RECT& rectangle) {
 
 inline RECT toRect(const Box& box) {
     return {box.left, box.top, box.right, box.bottom};
+}
+
+inline COLORREF toColorRef(uint32_t argb) { // without the alpha
+    return RGB(argb >> 16 & 0xFF, argb >> 8 & 0xFF, argb & 0xFF);
 }
 
 inline Box moved(const Box& box, int x, int y) {

@@ -1,6 +1,8 @@
 # Warnings and hardening of our own code. The hardening stays on in the shipped
 # program: it reads hostile input, and what it costs is not measurable.
 add_compile_options(-Wall -Wextra -Wpedantic -Werror -fno-omit-frame-pointer)
+set(CMAKE_C_FLAGS_RELEASE "-O2 -DNDEBUG")
+set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
 include_directories(${CMAKE_SOURCE_DIR})
 
 if(WIN32)
@@ -11,6 +13,7 @@ if(WIN32)
   add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-Wno-cast-function-type>)
   add_link_options(-fstack-protector-strong)
   if(VYN_CHECKED)
+    add_compile_definitions(VYN_CHECKED)
     add_compile_options(-fsanitize=undefined -fsanitize-undefined-trap-on-error)
   endif()
 else()

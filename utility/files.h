@@ -3,9 +3,10 @@
 #include <cstdint>
 #include <string>
 
-// File operations: each wraps one system call, gives a bool (true for success) and logs
-// a failure with the system's last error. No state; any thread. A handle object belongs
-// to one thread at a time. Paths are wide unless said otherwise.
+// File operations: each wraps one system call and gives a bool, true for success. What
+// changes the disk logs its failure with the system's last error; questions and opening
+// leave that to the caller. No state; any thread. A handle object belongs to one thread
+// at a time. Paths are wide unless said otherwise.
 
 namespace utility::ufile {
 
@@ -37,6 +38,10 @@ bool removeDir(const std::wstring& path);
 // it; it does not close itself.
 class FileHandle {
 public:
+    FileHandle() = default;
+    FileHandle(const FileHandle&) = delete;
+    FileHandle& operator=(const FileHandle&) = delete;
+
     bool open(const std::wstring& path, bool createIfMissing);
     bool openA(const std::string& path, bool createIfMissing); // system code page
     bool create(const std::wstring& path);                     // empties an existing file

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "utility/windows.h"
+#include "utility/handles.h"
 
 #include <string>
 
@@ -11,21 +11,17 @@ namespace utility {
 
 class RegKeyEx {
 public:
-    RegKeyEx() = default;
-    RegKeyEx(const RegKeyEx&) = delete;
-    RegKeyEx& operator=(const RegKeyEx&) = delete;
-    ~RegKeyEx();
-
     LONG RegRegOpen(HKEY root, const std::wstring& subkey, REGSAM access);
     LONG RegCreate(HKEY root, const std::wstring& subkey); // creates or opens, to read and write
 
-    // value is untouched on failure; -1 without an open key. Text of 1024 characters and
-    // more cannot be read. A value of another type than text is refused.
+    // value is untouched on failure; -1 without an open key. Values of 2048 bytes and more
+    // cannot be read, the terminator counted. A value of another type than text is refused
+    // with ERROR_INVALID_DATA.
     LONG RegRead(const std::wstring& name, std::wstring& value);
     LONG RegWrite(const std::wstring& name, const std::wstring& value);
 
 private:
-    HKEY m_hKey = nullptr;
+    Key m_hKey;
 };
 
 } // namespace utility

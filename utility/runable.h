@@ -1,6 +1,6 @@
 #pragma once
 
-#include <functional>
+#include <memory>
 #include <utility>
 
 // A unit of work as a heap object: what workers run, what timers tick, and what
@@ -15,6 +15,11 @@ public:
     virtual ~Runable() = default;
     virtual void run() = 0;
 };
+
+struct RunableRelease {
+    void operator()(Runable* task) const { task->release(); }
+};
+using RunableOwner = std::unique_ptr<Runable, RunableRelease>;
 
 template <class Lambda>
 class FunctionRunable : public Runable {

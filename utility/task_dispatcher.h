@@ -2,6 +2,8 @@
 
 #include "utility/runable.h"
 
+#include <concepts>
+
 // The only road back to the window thread, and its repeating timers.
 //
 // The thread that calls startServices() becomes the window thread. Posted tasks and
@@ -14,8 +16,17 @@ namespace common {
 void startServices();
 
 // Window thread, at the end of the program. Tasks still waiting are dropped, running
-// timers killed; last, the log is stopped. Posts from here on are refused.
+// timers killed; last, the log is stopped. Posts from here on are refused, also those
+// of a worker that is in the middle of one.
 void stopServices();
+
+// Ends a checked build at once when the caller is not on the window thread; nothing
+// elsewhere. Before startServices every thread passes.
+#ifdef VYN_CHECKED
+void checkWindowThread();
+#else
+inline void checkWindowThread() {}
+#endif
 
 // Identifies by its address on whose behalf tasks are posted.
 class TaskPoster {
@@ -28,7 +39,7 @@ public:
 // post() on the process-wide poster.
 bool postToWindowThread(Runable* task);
 
-template <class Lambda>
+template <std::invocable Lambda>
 bool postToWindowThread(Lambda lambda) {
     return postToWindowThread(static_cast<Runable*>(new FunctionRunable<Lambda>(std::move(lambda))));
 }

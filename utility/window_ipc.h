@@ -21,11 +21,16 @@ protected:
 
 class WindowIPC {
 public:
+    WindowIPC() = default;
+    WindowIPC(const WindowIPC&) = delete;
+    WindowIPC& operator=(const WindowIPC&) = delete;
+    ~WindowIPC(); // a listening end takes its window along, on the thread of create
+
     // Listening end; handler is not owned and must outlive the window. True if the
     // window exists.
     bool create(const std::wstring& className, IWindowIPCHandle* handler);
 
-    // Sending end. False if there is no such window.
+    // Sending end. False if there is no such window. An empty name fits every window.
     bool open(const std::wstring& className) { return open(className, {}); }
     bool open(const std::wstring& className, const std::wstring& windowName);
 

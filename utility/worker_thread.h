@@ -1,5 +1,6 @@
 #pragma once
 
+#include "utility/handles.h"
 #include "utility/runable.h"
 
 #include <atomic>
@@ -7,7 +8,8 @@
 // The holder of one worker thread that runs a Runable, with a stop flag and a stop
 // event. Idle, running, or ended but not joined: only join() brings it back to idle.
 //
-// start and join belong to the owner's thread; the stop operations to any.
+// start and join belong to the owner's thread; the stop operations to any, as long as
+// the owner is not in join.
 
 namespace common {
 
@@ -17,7 +19,12 @@ public:
     WorkerThread(const WorkerThread&) = delete;
     WorkerThread& operator=(const WorkerThread&) = delete;
 
-    // False, and task stays with the caller, while an earlier thread is not joined.
+    // A holder that is destroyed without join leaves the thread alone: task and event
+    // are then left to it, and end with the process.
+    ~WorkerThread();
+
+    // False, and task stays with the caller, while an earlier thread is not joined or
+    // when the system gives no thread.
     bool start(Runable* task);
 
     // Waits at most timeoutMs, then ends the thread by force; releases the task.
@@ -31,9 +38,9 @@ public:
     void waitForStop(unsigned ms);
 
 private:
-    Runable* task = nullptr;
-    void* thread = nullptr;
-    void* stopEvent = nullptr;
+    RunableOwner task;
+    utility::KernelHandle thread;
+    utility::KernelHandle stopEvent; // auto-reset
     std::atomic<bool> stopRequested = false;
 };
 

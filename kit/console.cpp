@@ -1,0 +1,24 @@
+#include "kit/console.h"
+
+#include "utility/windows.h"
+
+#include <cstdio>
+#include <fcntl.h>
+#include <io.h>
+
+namespace kit {
+
+std::string toUtf8(std::wstring_view text) {
+    const int units = static_cast<int>(text.size());
+    const int size = WideCharToMultiByte(CP_UTF8, 0, text.data(), units, nullptr, 0, nullptr, nullptr);
+    std::string result(static_cast<size_t>(size), '\0');
+    WideCharToMultiByte(CP_UTF8, 0, text.data(), units, result.data(), size, nullptr, nullptr);
+    return result;
+}
+
+void prepareConsole() {
+    _setmode(_fileno(stdout), _O_BINARY);
+    _setmode(_fileno(stderr), _O_BINARY);
+}
+
+} // namespace kit

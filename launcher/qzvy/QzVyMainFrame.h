@@ -25,9 +25,9 @@
 
 struct PlayerPackage;
 
-class QzVyMainFrame : public MainFrameEvents,
-                      public utility::CHttpDownloader::IHttpDownloadSink,
-                      public archive::SzExtractCallback {
+class QzVyMainFrame final : public MainFrameEvents,
+                            public utility::CHttpDownloader::IHttpDownloadSink,
+                            public archive::SzExtractCallback {
 public:
     // Runs InitWindow inside; the window is not yet shown. Null on failure.
     HWND create(DWORD style) { return view.create(style, *this); }

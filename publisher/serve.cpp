@@ -74,7 +74,7 @@ std::optional<Options> parseOptions(const std::vector<std::string>& arguments) {
 int serve(const std::vector<std::string>& arguments) {
     std::optional<Options> options = parseOptions(arguments);
     if (!options) {
-        std::fputs(serveUsage().c_str(), stderr);
+        std::fprintf(stderr, "usage: %s\n\n%s", ServeUsage, serveHelp().c_str());
         return 2;
     }
     Publisher server(options->folder);
@@ -90,10 +90,9 @@ int serve(const std::vector<std::string>& arguments) {
         std::this_thread::sleep_for(std::chrono::hours(1));
 }
 
-std::string serveUsage() {
-    return "serve DIR [--port=N] [--fault=PATH,KIND[,VALUE[,TIMES]]] ...\n"
-           "Serves the files of DIR on the loopback address; prints \"listening PORT\".\n"
-           "A fault hits the first TIMES requests of PATH, or all. Kinds:\n" +
+std::string serveHelp() {
+    return "Serves on the loopback address and prints \"listening PORT\". A fault hits the first\n"
+           "TIMES requests of PATH, or all. Kinds of faults and their values:\n" +
            describeFaults();
 }
 

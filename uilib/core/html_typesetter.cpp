@@ -39,6 +39,7 @@ HtmlLayout HtmlTypesetter::set(Text text) {
     HtmlToken token;
     while (!done && tokens.next(token))
         take(token);
+    linkOpen = false; // a link that is never closed has no rectangle on its last line
     if (!done && (!lineIsEmpty() || pen != box.left))
         endLine();
     layout.width = std::min(layout.width, std::max(box.width(), 0));
@@ -104,16 +105,19 @@ size_t HtmlTypesetter::fitting(Text text) const {
     }
 }
 
-// Behind the last of the characters seen that is no letter. A blank at which the line ends
-// is passed over.
+// At the last of the characters seen that is no letter. A blank there belongs to no line.
 size_t HtmlTypesetter::breakAt(Text text, size_t fitting, size_t& blanks) const {
+    const size_t shortest = lineIsEmpty() ? 1 : 0;
     if (!isAsciiLetter(text[fitting])) {
         blanks = text[fitting] == L' ' ? 1 : 0;
         return fitting;
     }
-    for (size_t i = fitting; i > 0; --i)
-        if (!isAsciiLetter(text[i - 1]))
-            return i;
+    for (size_t i = fitting; i > shortest; --i) {
+        if (isAsciiLetter(text[i - 1]))
+            continue;
+        blanks = text[i - 1] == L' ' ? 1 : 0;
+        return i - blanks;
+    }
     const bool wordBegins = !lineIsEmpty() && !isAsciiLetter(lastCharacter);
     return wordBegins ? 0 : fitting;
 }

@@ -60,7 +60,7 @@ def main():
         os.link(archive, publisher.folder / "player.7z")
         publisher.configuration(appminversion=5100, playerminversion=2100)
         publisher.player("/player.7z")
-        publisher.fault("/player.7z", "slow", rate=RATE)
+        publisher.fault("/player.7z", "slow", RATE)
         launcher = stage.launcher()
         launcher.start()
         stage.display.screenshot(ROOT / "build/screenshots/start.png")

@@ -181,15 +181,17 @@ class Publisher:
 
     def _control(self, verb, query=None, method="POST"):
         query = "?" + urllib.parse.urlencode(query) if query else ""
-        request = urllib.request.Request(f"{self.address}/control/{verb}{query}", method=method)
+        body = b"" if method == "POST" else None
+        request = urllib.request.Request(f"{self.address}/control/{verb}{query}", data=body, method=method)
         opener = urllib.request.build_opener(urllib.request.ProxyHandler({}))
         return opener.open(request, timeout=10).read().decode()
 
-    def fault(self, path, kind, **values):
-        self._control("fault", dict(path=path, kind=kind, **values))
+    def fault(self, path, kind, value="", times=0):
+        self._control("fault", dict(path=path, kind=kind, value=value, times=times))
 
-    def heal(self):
-        self._control("heal")
+    def clear(self):
+        """Takes all faults and the list of requests away."""
+        self._control("clear")
 
     def requests(self):
         return self._control("requests", method="GET")

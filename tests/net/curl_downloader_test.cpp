@@ -129,7 +129,7 @@ TEST_F(CurlDownloader, progressCountsTheWholeFileAndNeverSays100) {
     int calls = 0;
     DWORD last = 0;
     auto check = [&](int percent, int downloaded, int total) {
-        EXPECT_GT(GetTickCount() - last, 1000u);
+        EXPECT_GT(GetTickCount() - last, 900u); // 1000 less the steps of the two clocks
         last = GetTickCount();
         ++calls;
         EXPECT_EQ(total, 300000);

@@ -31,11 +31,7 @@ void NetTest::SetUp() {
              (L"vyn_net_" + std::to_wstring(GetCurrentProcessId()) + L"_" + std::to_wstring(++number)) +
              L"\\";
     ASSERT_TRUE(utility::ufile::makeDir(folder.substr(0, folder.size() - 1)));
-    {
-        std::scoped_lock guard(linesLock);
-        lines.clear();
-    }
-    common::setLogSink(keepLine);
+    captureLog();
     ASSERT_TRUE(server.start());
 }
 
@@ -83,6 +79,12 @@ std::string readFile(const std::wstring& path) {
 
 void writeFile(const std::wstring& path, const std::string& bytes) {
     std::ofstream(std::filesystem::path(path), std::ios::binary) << bytes;
+}
+
+void captureLog() {
+    std::scoped_lock guard(linesLock);
+    lines.clear();
+    common::setLogSink(keepLine);
 }
 
 int logged(const std::wstring& text) {

@@ -38,7 +38,10 @@ std::wstring fullDisk();
 std::string readFile(const std::wstring& path);
 void writeFile(const std::wstring& path, const std::string& bytes);
 
-// How many logged lines contain text, since the test began.
+// From here on, what is logged is kept for logged(). NetTest does it for its tests.
+void captureLog();
+
+// How many logged lines contain text, since captureLog.
 int logged(const std::wstring& text);
 
 // False if condition does not come true in time.

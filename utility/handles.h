@@ -68,11 +68,20 @@ struct ModuleTraits {
     static Handle empty() { return nullptr; }
     static void close(Handle handle) { FreeLibrary(handle); }
 };
+template <class Object>
+struct GdiTraits { // not while it is selected into a device context
+    using Handle = Object;
+    static Handle empty() { return nullptr; }
+    static void close(Handle handle) { DeleteObject(handle); }
+};
 
 using KernelHandle = Owner<KernelHandleTraits>;
 using FileOwner = Owner<FileHandleTraits>;
 using FindHandle = Owner<FindHandleTraits>;
 using Key = Owner<KeyTraits>;
 using Module = Owner<ModuleTraits>;
+using Font = Owner<GdiTraits<HFONT>>;
+using Brush = Owner<GdiTraits<HBRUSH>>;
+using Pen = Owner<GdiTraits<HPEN>>;
 
 } // namespace utility

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+// UTF-8 to wide text without the system, for documents that are read natively too.
+// Damaged sequences become U+FFFD, one per byte that starts nothing.
+
+namespace UILib {
+
+// Writes at most bytes.size() units to target and returns the end of what it wrote.
+wchar_t* decodeUtf8(std::string_view bytes, wchar_t* target);
+
+std::wstring wideFromUtf8(std::string_view bytes);
+
+// Unpaired surrogates become U+FFFD.
+std::string utf8FromWide(std::wstring_view text);
+
+} // namespace UILib

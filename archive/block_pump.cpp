@@ -83,11 +83,11 @@ SRes BlockPump::stream(uint32_t block, uint64_t unpackSize) {
 
 SRes BlockPump::streamInto(ByteSink& output, uint32_t block, const CSzCoderInfo& coder, uint64_t unpackSize) {
     const uint32_t packStream = archive.db.FoStartPackStreamIndex[block];
-    const uint64_t* packEnds = archive.db.PackPositions + packStream;
-    const uint64_t packSize = packEnds[1] - packEnds[0];
+    const uint64_t* packPositions = archive.db.PackPositions + packStream;
+    const uint64_t packSize = packPositions[1] - packPositions[0];
     if (coder.MethodID == StreamDecoder::copyMethod && packSize != unpackSize)
         return SZ_ERROR_DATA;
-    SRes status = LookInStream_SeekTo(input, SzArEx_GetFolderStreamPos(&archive, block, 0));
+    SRes status = LookInStream_SeekTo(input, archive.dataPos + packPositions[0]);
     if (status != SZ_OK)
         return status;
     auto decoder = StreamDecoder::make(coder, coderData(block) + coder.PropsOffset, memory.calls(), status);

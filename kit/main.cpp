@@ -9,9 +9,18 @@ namespace kit {
 
 // The table of all subcommands: each is an extern const Command of its own file.
 extern const Command countsCommand;
+extern const Command fetchCommand;
 extern const Command markupCommand;
+extern const Command serveCommand;
+extern const Command unpackCommand;
 
-static const std::initializer_list<const Command*> commands = {&countsCommand, &markupCommand};
+static const std::initializer_list<const Command*> commands = {
+    &countsCommand,
+    &fetchCommand,
+    &markupCommand,
+    &serveCommand,
+    &unpackCommand,
+};
 
 static void printHelp(const Command& command, FILE* out) {
     fprintf(out, "usage: vynkit %s %s\n\n%s\n", command.name, command.usage, command.summary);

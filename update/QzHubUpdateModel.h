@@ -12,17 +12,23 @@
 // tasks that call the two callbacks on the window thread.
 //
 // One instance for the life of the process. Operations belong to the window thread, the
-// members with an underscore to the workers of the two clients.
+// members with an underscore to the workers of the two clients. What a worker needs is
+// copied before it starts, and what it finds travels in its task.
 
 class QzHubUpdateModel : public utility::CHttpDownloader::IHttpDownloadSink {
 public:
+    // The one instance of the program, made on first use.
     static QzHubUpdateModel& instance();
+
+    // documentUrl: where the version document is.
+    explicit QzHubUpdateModel(std::wstring documentUrl) : documentUrl(std::move(documentUrl)) {}
 
     // Starts a check on checkClient's worker; does nothing while one is in flight.
     // A silent check reports only what the publisher wants users to be told of unasked.
     void checkVersion(bool silent);
 
-    // Stops an earlier download and starts a new one on downloadClient's worker.
+    // Stops an earlier download and starts one of the update found last on
+    // downloadClient's worker.
     void startDownload();
 
     void _threadProcCheckVersion(bool silent);
@@ -46,12 +52,24 @@ public:
     std::atomic<bool> needUpdate = false;
 
 private:
+    struct Update {
+        std::wstring url;
+        std::wstring content;
+        std::wstring version;
+        bool force = false;
+    };
+
+    bool fetchDocument(std::string& body);
+    void postCheckResult(const Update& found);
+    void postPercent(int percent);
+    void finishDownload(const std::wstring& partial, const std::wstring& program);
+
     common::TaskPoster poster;
     std::atomic<bool> checking = false;
     uint32_t lastProgressTick = 0;
-    std::wstring url;
-    std::wstring content;
-    std::wstring version;
-    bool force = false;
+    Update found;         // of the last check that found one; window thread
+    Update wanted;        // what the download worker fetches
+    std::string language; // of the release notes, for the check worker
+    std::wstring documentUrl;
     std::wstring packagePath;
 };

@@ -68,13 +68,13 @@ struct ModuleTraits {
     static Handle empty() { return nullptr; }
     static void close(Handle handle) { FreeLibrary(handle); }
 };
-
-template <class GdiHandle>
-struct GdiObjectTraits { // must not be selected into a context when it closes
-    using Handle = GdiHandle;
+template <class Object>
+struct GdiTraits { // not while it is selected into a device context
+    using Handle = Object;
     static Handle empty() { return nullptr; }
     static void close(Handle handle) { DeleteObject(handle); }
 };
+
 struct MemoryContextTraits { // of CreateCompatibleDC
     using Handle = HDC;
     static Handle empty() { return nullptr; }
@@ -86,10 +86,11 @@ using FileOwner = Owner<FileHandleTraits>;
 using FindHandle = Owner<FindHandleTraits>;
 using Key = Owner<KeyTraits>;
 using Module = Owner<ModuleTraits>;
-using Bitmap = Owner<GdiObjectTraits<HBITMAP>>;
-using Font = Owner<GdiObjectTraits<HFONT>>;
-using Pen = Owner<GdiObjectTraits<HPEN>>;
-using Region = Owner<GdiObjectTraits<HRGN>>;
+using Bitmap = Owner<GdiTraits<HBITMAP>>;
+using Font = Owner<GdiTraits<HFONT>>;
+using Brush = Owner<GdiTraits<HBRUSH>>;
+using Pen = Owner<GdiTraits<HPEN>>;
+using Region = Owner<GdiTraits<HRGN>>;
 using MemoryContext = Owner<MemoryContextTraits>;
 
 // Selects an object into a device context and puts the old one back at the end.

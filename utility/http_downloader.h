@@ -37,13 +37,18 @@ public:
     // Runs the owner's flow on the worker; see WorkerThread::start.
     bool start(common::Runable* task) { return worker.start(task); }
 
-    // Ends a running transfer and waits for the worker, 2 seconds at most.
+    // Ends a running transfer and waits for the worker, 2 seconds at most. Later
+    // transfers fail until the next start: who runs them on a thread of his own calls
+    // close() instead.
     void stop();
 
     // Sleeps on the worker between two tries. False when a stop was requested.
     bool pause(unsigned ms);
 
 private:
+    void prepareResume(const std::wstring& path);
+    bool transfer(const std::wstring& url, IHttpClientSink& sink);
+
     common::WorkerThread worker;
     uint32_t startSize = 0;
 };

@@ -58,4 +58,12 @@ std::vector<std::wstring> split(std::wstring_view text, std::wstring_view separa
     return splitView(text, separator);
 }
 
+bool isPlainVersion(std::wstring_view word) {
+    const auto isPlain = [](wchar_t c) {
+        return (c >= L'a' && c <= L'z') || (c >= L'A' && c <= L'Z') || (c >= L'0' && c <= L'9') ||
+               c == L'.' || c == L'-' || c == L'_';
+    };
+    return !word.empty() && word.size() <= 64 && std::all_of(word.begin(), word.end(), isPlain);
+}
+
 } // namespace utility

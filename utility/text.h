@@ -22,4 +22,8 @@ int toInt(const std::string& text);
 std::vector<std::string> split(std::string_view text, std::string_view separator);
 std::vector<std::wstring> split(std::wstring_view text, std::wstring_view separator);
 
+// Letters, digits, dot, dash and underscore of ASCII, 1 to 64 of them: a version from a
+// remote document that may become part of a file name.
+bool isPlainVersion(std::wstring_view word);
+
 } // namespace utility

@@ -1,22 +1,13 @@
 #include "launcher/qzvy/PlayerPackage.h"
 
-#include "launcher/qzvy/json.h"
 #include "utility/encoding.h"
 #include "utility/endpoints.h"
+#include "utility/json.h"
 #include "utility/log.h"
-
-#include <algorithm>
+#include "utility/text.h"
 
 PlayerPackage PlayerPackage::builtIn() {
     return {std::wstring(utility::endpoints::Cdn) + L"/obj/lf-game-alisg/ga18/qzvyn_en.7z", L"1.0"};
-}
-
-bool isPlainVersion(const std::wstring& word) {
-    const auto plain = [](wchar_t c) {
-        return (c >= L'a' && c <= L'z') || (c >= L'A' && c <= L'Z') || (c >= L'0' && c <= L'9') ||
-               c == L'.' || c == L'-' || c == L'_';
-    };
-    return !word.empty() && word.size() <= 64 && std::ranges::all_of(word, plain);
 }
 
 PlayerPackage parsePlayerPackage(const std::string& text) {
@@ -30,7 +21,7 @@ PlayerPackage parsePlayerPackage(const std::string& text) {
     if (const auto url = json::stringMember(sea->value, "url").value_or(""); !url.empty())
         package.address = utility::utf8ToWide(url);
     const auto version = utility::utf8ToWide(json::stringMember(sea->value, "vershow").value_or(""));
-    if (isPlainVersion(version))
+    if (utility::isPlainVersion(version))
         package.version = version;
     else if (!version.empty())
         common::log("parsePlayerPackage", __LINE__, L"version word refused: %.80s", version.c_str());

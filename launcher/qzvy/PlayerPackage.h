@@ -16,9 +16,6 @@ struct PlayerPackage {
 // is refused with a log line, so that no document chooses a folder or a device.
 PlayerPackage parsePlayerPackage(const std::string& text);
 
-// Letters, digits, dot, dash and underscore of ASCII, 1 to 64 of them.
-bool isPlainVersion(const std::wstring& word);
-
 // "vynen_9.1.0.7z"
 std::wstring playerPackageName(const std::wstring& version);
 

@@ -1,6 +1,6 @@
 #include "launcher/qzvy/RemoteConfig.h"
 
-#include "launcher/qzvy/json.h"
+#include "utility/json.h"
 
 std::optional<RemoteConfig> parseRemoteConfig(const std::string& text) {
     const rapidjson::Document document = json::parse(text);

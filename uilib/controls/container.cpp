@@ -59,7 +59,8 @@ constexpr Attribute Rows[] = {
     {L"hscrollbarstyle", AttributeKind::List, styleHorizontalBar, "attributes of the horizontal scroll bar"},
     attribute<&CContainerUI::SetChildPadding>(L"childpadding", "gap between two children"),
     {L"childalign", AttributeKind::Text, setChildAlign, "left, center or right, across a vertical layout"},
-    {L"childvalign", AttributeKind::Text, setChildVAlign, "top, vcenter or bottom, across a horizontal layout"},
+    {L"childvalign", AttributeKind::Text, setChildVAlign,
+     "top, vcenter or bottom, across a horizontal layout"},
 };
 
 } // namespace

@@ -22,7 +22,7 @@ enum class Notification { Send, Skip };
 
 class IContainerUI {
 public:
-    virtual CControlUI* GetItemAt(int index) const = 0;        // null outside the list
+    virtual CControlUI* GetItemAt(int index) const = 0;            // null outside the list
     virtual int GetItemIndex(const CControlUI* control) const = 0; // -1 when it is not here
     virtual bool SetItemIndex(CControlUI* control, int index) = 0;
     virtual bool SetMultiItemIndex(CControlUI* first, int count, int index) = 0;

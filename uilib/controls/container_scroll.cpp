@@ -68,7 +68,8 @@ SIZE CContainerUI::GetScrollPos() const {
 }
 
 SIZE CContainerUI::GetScrollRange() const {
-    return {horizontalBar ? horizontalBar->GetScrollRange() : 0, verticalBar ? verticalBar->GetScrollRange() : 0};
+    return {horizontalBar ? horizontalBar->GetScrollRange() : 0,
+            verticalBar ? verticalBar->GetScrollRange() : 0};
 }
 
 // Moves the children; costs no layout.

@@ -67,7 +67,8 @@ constexpr Attribute Rows[] = {
     attribute<&CControlUI::SetBorderStyle>(L"borderstyle", "pen style of the border"),
     attribute<&CControlUI::SetBorderRound>(L"borderround", "ellipse of the rounded corners"),
     imageAttribute<&CControlUI::SetBkImage>(L"bkimage", "background image"),
-    imageAttribute<&CControlUI::SetBkEnlargeImage>(L"bkEnlargeimage", "background image of the enlarged display"),
+    imageAttribute<&CControlUI::SetBkEnlargeImage>(L"bkEnlargeimage",
+                                                   "background image of the enlarged display"),
     attribute<&CControlUI::SetFixedWidth>(L"width", "fixed width"),
     attribute<&CControlUI::SetFixedHeight>(L"height", "fixed height"),
     attribute<&CControlUI::SetMinWidth>(L"minwidth", "smallest width"),
@@ -112,7 +113,8 @@ void CControlUI::ApplyAttributeList(const wchar_t* list) {
         const wchar_t* end = std::wcschr(value, L'"');
         if (!end)
             return;
-        SetAttribute(CUIString(at, static_cast<int>(equals - at)), CUIString(value, static_cast<int>(end - value)));
+        SetAttribute(CUIString(at, static_cast<int>(equals - at)),
+                     CUIString(value, static_cast<int>(end - value)));
         at = end + 1;
         if (*at != L' ')
             return;

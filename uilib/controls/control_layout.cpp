@@ -55,7 +55,8 @@ void CControlUI::placeCover() {
     if (!cover->IsFloat()) {
         const int coverWidth = limited(w, cover->GetMinWidth(), cover->GetMaxWidth());
         const int coverHeight = limited(h, cover->GetMinHeight(), cover->GetMaxHeight());
-        cover->SetPos({position.left, position.top, position.left + coverWidth, position.top + coverHeight}, false);
+        cover->SetPos({position.left, position.top, position.left + coverWidth, position.top + coverHeight},
+                      false);
         return;
     }
     const POINT at = cover->GetFixedXY();

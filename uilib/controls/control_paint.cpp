@@ -47,13 +47,13 @@ void CControlUI::PaintBkColor(HDC context) {
         return;
     }
     if (!third) {
-        CRenderEngine::DrawGradient(context, position, first, second, Direction::Vertical, 16);
+        CRenderEngine::DrawGradient(context, position, first, second, Direction::Vertical);
         return;
     }
     RECT upper = position, lower = position;
     upper.bottom = lower.top = (position.top + position.bottom) / 2;
-    CRenderEngine::DrawGradient(context, upper, first, second, Direction::Vertical, 8);
-    CRenderEngine::DrawGradient(context, lower, second, third, Direction::Vertical, 8);
+    CRenderEngine::DrawGradient(context, upper, first, second, Direction::Vertical);
+    CRenderEngine::DrawGradient(context, lower, second, third, Direction::Vertical);
 }
 
 void CControlUI::PaintBkImage(HDC context) {
@@ -74,8 +74,8 @@ void CControlUI::PaintBorder(HDC context, uint32_t color) {
         return;
     color = GetAdjustColor(color);
     if (borderRound.cx || borderRound.cy)
-        CRenderEngine::DrawRoundRect(context, position, borderSize.left, borderRound.cx, borderRound.cy, color,
-                                     borderStyle);
+        CRenderEngine::DrawRoundRect(context, position, borderSize.left, borderRound.cx, borderRound.cy,
+                                     color, borderStyle);
     else if (borderSize.left == borderSize.top && borderSize.left == borderSize.right &&
              borderSize.left == borderSize.bottom)
         CRenderEngine::DrawRect(context, position, borderSize.left, color, borderStyle);

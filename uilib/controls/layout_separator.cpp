@@ -86,7 +86,8 @@ void CLinearLayoutUI::onSeparatorDrag(const TUIEvent& event) {
     const LONG farSide = trailing ? edge : edge - separator;
     if (!delta || (delta > 0 ? mouse < farSide - std::abs(separator) : mouse > farSide))
         return;
-    const int least = vertical ? GetMinHeight() : GetMinWidth(), most = vertical ? GetMaxHeight() : GetMaxWidth();
+    const int least = vertical ? GetMinHeight() : GetMinWidth(),
+              most = vertical ? GetMaxHeight() : GetMaxWidth();
     const int old = std::abs(edge - opposite);
     const int grown = old + (trailing ? delta : -delta);
     const int size = limited(grown, least, most);

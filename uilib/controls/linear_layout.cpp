@@ -45,12 +45,14 @@ struct CLinearLayoutUI::Item {
     Item(const CControlUI& control, Axis axis) : control(const_cast<CControlUI&>(control)) {
         const RECT padding = control.GetPadding();
         if (axis == Axis::Vertical) {
-            before = padding.top, after = padding.bottom, acrossBefore = padding.left, acrossAfter = padding.right;
+            before = padding.top, after = padding.bottom, acrossBefore = padding.left,
+            acrossAfter = padding.right;
             fixed = control.GetFixedHeight(), least = control.GetMinHeight(), most = control.GetMaxHeight();
             acrossFixed = control.GetFixedWidth(), acrossLeast = control.GetMinWidth(),
             acrossMost = control.GetMaxWidth();
         } else {
-            before = padding.left, after = padding.right, acrossBefore = padding.top, acrossAfter = padding.bottom;
+            before = padding.left, after = padding.right, acrossBefore = padding.top,
+            acrossAfter = padding.bottom;
             fixed = control.GetFixedWidth(), least = control.GetMinWidth(), most = control.GetMaxWidth();
             acrossFixed = control.GetFixedHeight(), acrossLeast = control.GetMinHeight(),
             acrossMost = control.GetMaxHeight();
@@ -81,7 +83,8 @@ CLinearLayoutUI::Extent CLinearLayoutUI::available(const RECT& area) const {
                      height(area) + scrollRange(visibleBar(Axis::Vertical))});
 }
 
-CLinearLayoutUI::Extent CLinearLayoutUI::estimate(const Item& item, int across, int along, int& acrossLimit) const {
+CLinearLayoutUI::Extent CLinearLayoutUI::estimate(const Item& item, int across, int along,
+                                                  int& acrossLimit) const {
     acrossLimit = std::min(across - item.acrossBefore - item.acrossAfter,
                            item.acrossFixed > 0 ? item.acrossFixed : item.acrossMost);
     const int alongLimit = std::min(along, item.fixed > 0 ? item.fixed : item.most);
@@ -143,12 +146,14 @@ int CLinearLayoutUI::placeItems(const RECT& area, Extent room, const Measure& me
         Extent size = estimate(item, room.across, rest, acrossLimit);
         if (size.along == 0) {
             const bool last = ++adjusted == measured.adjustable;
-            size.along = limited(last ? std::max(rest - item.after - fixedSum, 0) : expand, item.least, item.most);
+            size.along =
+                limited(last ? std::max(rest - item.after - fixedSum, 0) : expand, item.least, item.most);
         } else {
             size.along = limited(size.along, item.least, item.most);
             fixedSum -= size.along;
         }
-        const int wanted = item.acrossMost ? item.acrossMost : room.across - item.acrossBefore - item.acrossAfter;
+        const int wanted =
+            item.acrossMost ? item.acrossMost : room.across - item.acrossBefore - item.acrossAfter;
         size.across = std::max(std::min(std::max(wanted, 0), acrossLimit), item.acrossLeast);
         const int start = at + item.before, across = acrossStart(area, item, size.across);
         if (axis == Axis::Vertical)
@@ -169,7 +174,8 @@ void CLinearLayoutUI::SetPos(RECT rectangle, bool invalidate) {
     if (!items.empty()) {
         const Extent room = available(area);
         const Measure measured = measure(room);
-        needed = {placeItems(area, room, measured) + GetChildPadding() * (measured.count - 1), measured.neededAcross};
+        needed = {placeItems(area, room, measured) + GetChildPadding() * (measured.count - 1),
+                  measured.neededAcross};
     }
     const SIZE size = sizeOf(needed);
     ProcessScrollBar(area, size.cx, size.cy);

@@ -14,7 +14,7 @@ namespace UILib {
 class CLinearLayoutUI : public CContainerUI {
 public:
     void* GetInterface(const wchar_t* interfaceName) override;
-    unsigned GetControlFlags() const override { return IsEnabled() && separator ? FlagSetCursor : 0; }
+    unsigned GetControlFlags() const override { return IsEnabled() && separator ? FlagSetCursor : 0u; }
 
     int GetSepSize() const { return separator; }
     void SetSepSize(int pixels) { separator = pixels; } // negative: at the leading edge

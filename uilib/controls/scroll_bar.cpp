@@ -63,8 +63,9 @@ constexpr Attribute Rows[] = {
 };
 
 CUIString defaultPicture(Bar::PartName part, Bar::PictureState state) {
-    static constexpr const wchar_t* Files[] = {L"scroll_back.png", L"scroll_button1.png", L"scroll_button2.png",
-                                               L"scroll_thumb.png", L"scroll_tail.png"};
+    static constexpr const wchar_t* Files[] = {L"scroll_back.png", L"scroll_button1.png",
+                                               L"scroll_button2.png", L"scroll_thumb.png",
+                                               L"scroll_tail.png"};
     static constexpr const wchar_t* Corners[] = {L" corner='2,2,2,2'", L"", L"", L" corner='3,3,3,3'",
                                                  L" corner='2,2,2,2'"};
     const int left = 8 * state;
@@ -169,7 +170,8 @@ void CScrollBarUI::setPart(Part& part, int from, int to) {
 
 void CScrollBarUI::SetPos(RECT rectangle, bool invalidate) {
     CControlUI::SetPos(rectangle, invalidate);
-    const int first = horizontal ? position.left : position.top, last = horizontal ? position.right : position.bottom;
+    const int first = horizontal ? position.left : position.top,
+              last = horizontal ? position.right : position.bottom;
     const int thickness = horizontal ? GetFixedHeight() : GetFixedWidth();
     const int shown = (showButton1 ? 1 : 0) + (showButton2 ? 1 : 0);
     const int room = last - first - shown * thickness;
@@ -188,7 +190,8 @@ void CScrollBarUI::layoutThumb(int start, int end, int thickness) {
         return;
     }
     const int64_t room = end - start;
-    const int size = static_cast<int>(std::max<int64_t>(thickness, length() * room / (int64_t(range) + length())));
+    const int size =
+        static_cast<int>(std::max<int64_t>(thickness, length() * room / (int64_t(range) + length())));
     int from = static_cast<int>((room - size) * scrollPosition / range) + start;
     if (from + size > end)
         from = end - size;

@@ -7,8 +7,8 @@
 namespace UILib {
 
 const char* attributeKindName(AttributeKind kind) {
-    static constexpr const char* Names[] = {"text", "flag", "number",    "colour",
-                                            "size", "rect", "image", "attributes"};
+    static constexpr const char* Names[] = {"text", "flag", "number", "colour",
+                                            "size", "rect", "image",  "attributes"};
     return Names[static_cast<size_t>(kind)];
 }
 

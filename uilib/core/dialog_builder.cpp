@@ -23,7 +23,8 @@ bool isTag(CMarkupNode& node, const wchar_t* tag) {
 }
 
 bool isDeclaration(CMarkupNode& node) {
-    return isTag(node, L"Image") || isTag(node, L"Font") || isTag(node, L"Default") || isTag(node, L"MultiLanguage");
+    return isTag(node, L"Image") || isTag(node, L"Font") || isTag(node, L"Default") ||
+           isTag(node, L"MultiLanguage");
 }
 
 // The value of an attribute whose name is compared without regard to case; the last of
@@ -55,8 +56,8 @@ void declareFont(CMarkupNode& node, CPaintManagerUI& manager) {
     const wchar_t* name = valueOf(node, L"name");
     if (id < 0 || !name)
         return;
-    const bool bold = flagOf(node, L"bold"), underline = flagOf(node, L"underline"), italic = flagOf(node, L"italic"),
-               shared = flagOf(node, L"shared");
+    const bool bold = flagOf(node, L"bold"), underline = flagOf(node, L"underline"),
+               italic = flagOf(node, L"italic"), shared = flagOf(node, L"shared");
     manager.AddFont(id, name, size, bold, underline, italic, shared);
     if (flagOf(node, L"default"))
         manager.SetDefaultFont(name, size, bold, underline, italic, shared);
@@ -70,21 +71,23 @@ void declareDefault(CMarkupNode& node, CPaintManagerUI& manager) {
 } // namespace
 
 CControlUI* CDialogBuilder::Create(const wchar_t* source, const wchar_t* resourceType,
-                                   IDialogBuilderCallback* creator, CPaintManagerUI* manager, CControlUI* parent) {
+                                   IDialogBuilderCallback* creator, CPaintManagerUI* manager,
+                                   CControlUI* parent) {
     if (!source)
         return nullptr;
     if (IS_INTRESOURCE(source))
-        return Create(static_cast<unsigned>(reinterpret_cast<uintptr_t>(source)), resourceType, creator, manager,
-                      parent);
-    const bool loaded =
-        *source == L'<' ? markup.Load(source) : markup.LoadFromFile(source, CMarkup::Utf8);
+        return Create(static_cast<unsigned>(reinterpret_cast<uintptr_t>(source)), resourceType, creator,
+                      manager, parent);
+    const bool loaded = *source == L'<' ? markup.Load(source) : markup.LoadFromFile(source, CMarkup::Utf8);
     if (!loaded && *source != L'<')
-        common::log("CDialogBuilder::Create", __LINE__, L"cannot load %s: %s", source, markup.GetLastErrorMessage());
+        common::log("CDialogBuilder::Create", __LINE__, L"cannot load %s: %s", source,
+                    markup.GetLastErrorMessage());
     return loaded ? Create(creator, manager, parent) : nullptr;
 }
 
 CControlUI* CDialogBuilder::Create(unsigned resourceNumber, const wchar_t* resourceType,
-                                   IDialogBuilderCallback* creator, CPaintManagerUI* manager, CControlUI* parent) {
+                                   IDialogBuilderCallback* creator, CPaintManagerUI* manager,
+                                   CControlUI* parent) {
     type = resourceType;
     return loadResource(resourceNumber) ? Create(creator, manager, parent) : nullptr;
 }
@@ -96,7 +99,8 @@ bool CDialogBuilder::loadResource(unsigned number) {
     return bytes && markup.LoadFromMem(bytes, SizeofResource(module, found), CMarkup::Utf8);
 }
 
-CControlUI* CDialogBuilder::Create(IDialogBuilderCallback* creator, CPaintManagerUI* manager, CControlUI* parent) {
+CControlUI* CDialogBuilder::Create(IDialogBuilderCallback* creator, CPaintManagerUI* manager,
+                                   CControlUI* parent) {
     callback = creator;
     CMarkupNode root = markup.GetRoot();
     if (!root.IsValid())
@@ -129,7 +133,8 @@ void CDialogBuilder::applyDeclarations(CMarkupNode root, CPaintManagerUI& manage
 // The first control made at this level, or null.
 CControlUI* CDialogBuilder::buildChildren(CMarkupNode node, CControlUI* parent, CPaintManagerUI* manager) {
     if (depth > DepthLimit) {
-        common::log("CDialogBuilder::buildChildren", __LINE__, L"elements below level %d are left out", DepthLimit);
+        common::log("CDialogBuilder::buildChildren", __LINE__, L"elements below level %d are left out",
+                    DepthLimit);
         return nullptr;
     }
     IContainerUI* container =
@@ -195,7 +200,8 @@ void CDialogBuilder::include(CMarkupNode node, CControlUI* parent, CPaintManager
         }
     }
     if (count > 0)
-        common::log("CDialogBuilder::include", __LINE__, L"too many includes, %s is left out", name.GetData());
+        common::log("CDialogBuilder::include", __LINE__, L"too many includes, %s is left out",
+                    name.GetData());
 }
 
 CControlUI* CDialogBuilder::createControl(const wchar_t* tag) {

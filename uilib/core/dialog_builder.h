@@ -39,8 +39,12 @@ public:
     CControlUI* Create(IDialogBuilderCallback* callback, CPaintManagerUI* manager, CControlUI* parent);
 
     CMarkup& GetMarkup() { return markup; }
-    void GetLastErrorMessage(wchar_t* buffer, size_t count) const { markup.GetLastErrorMessage(buffer, count); }
-    void GetLastErrorLocation(wchar_t* buffer, size_t count) const { markup.GetLastErrorLocation(buffer, count); }
+    void GetLastErrorMessage(wchar_t* buffer, size_t count) const {
+        markup.GetLastErrorMessage(buffer, count);
+    }
+    void GetLastErrorLocation(wchar_t* buffer, size_t count) const {
+        markup.GetLastErrorLocation(buffer, count);
+    }
 
 private:
     bool loadResource(unsigned number);

@@ -29,6 +29,9 @@ public:
 
     void clear(const RECT& part); // to zero; limited to the surface
 
+    // The bitmap without its context; the surface is invalid afterwards.
+    utility::Bitmap takeBitmap();
+
     // The pixels behind a context, or null when it is not a surface's.
     static const Raster* behind(HDC context);
 

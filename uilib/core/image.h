@@ -14,7 +14,7 @@ namespace UILib {
 
 struct ImageRecord {
     utility::Bitmap bitmap;                   // 32-bit DIB section, top-down, premultiplied BGRA
-    const uint32_t* pixels = nullptr;         // the bitmap's own
+    uint32_t* pixels = nullptr;               // the bitmap's own
     std::unique_ptr<uint32_t[]> sourcePixels; // private copy, only when asked for
     int width = 0;
     int height = 0;

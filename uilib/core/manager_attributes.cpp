@@ -30,9 +30,11 @@ constexpr WindowAttribute Attributes[] = {
     {L"mininfo", Case::Any, [](Manager& m, const wchar_t* v) { m.SetMinInfo(readSize(v)); }},
     {L"maxinfo", Case::Any, [](Manager& m, const wchar_t* v) { m.SetMaxInfo(readSize(v)); }},
     {L"showdirty", Case::Any, [](Manager& m, const wchar_t* v) { m.SetShowDirty(equalNoCase(v, L"true")); }},
-    {L"noactivate", Case::Exact, [](Manager& m, const wchar_t* v) { m.SetNoActivate(equalNoCase(v, L"true")); }},
+    {L"noactivate", Case::Exact,
+     [](Manager& m, const wchar_t* v) { m.SetNoActivate(equalNoCase(v, L"true")); }},
     {L"opacity", Case::Any, [](Manager& m, const wchar_t* v) { m.SetOpacity(readNumber(v)); }},
-    {L"layeredopacity", Case::Exact, [](Manager& m, const wchar_t* v) { m.SetLayeredOpacity(readNumber(v)); }},
+    {L"layeredopacity", Case::Exact,
+     [](Manager& m, const wchar_t* v) { m.SetLayeredOpacity(readNumber(v)); }},
     {L"layeredimage", Case::Exact,
      [](Manager& m, const wchar_t* v) {
          m.SetLayered(true);
@@ -45,8 +47,10 @@ constexpr WindowAttribute Attributes[] = {
      }},
     {L"disabledfontcolor", Case::Any,
      [](Manager& m, const wchar_t* v) { m.SetDefaultDisabledColor(readColorValue(v)); }},
-    {L"defaultfontcolor", Case::Any, [](Manager& m, const wchar_t* v) { m.SetDefaultFontColor(readColorValue(v)); }},
-    {L"linkfontcolor", Case::Any, [](Manager& m, const wchar_t* v) { m.SetDefaultLinkFontColor(readColorValue(v)); }},
+    {L"defaultfontcolor", Case::Any,
+     [](Manager& m, const wchar_t* v) { m.SetDefaultFontColor(readColorValue(v)); }},
+    {L"linkfontcolor", Case::Any,
+     [](Manager& m, const wchar_t* v) { m.SetDefaultLinkFontColor(readColorValue(v)); }},
     {L"linkhoverfontcolor", Case::Any,
      [](Manager& m, const wchar_t* v) { m.SetDefaultLinkHoverFontColor(readColorValue(v)); }},
     {L"selectedcolor", Case::Any,
@@ -73,8 +77,8 @@ void CPaintManagerUI::SetInitSize(SIZE size) {
     RECT outer = {};
     GetWindowRect(window, &outer);
     const SIZE client = GetClientSize();
-    SetWindowPos(window, nullptr, 0, 0, size.cx + width(outer) - client.cx, size.cy + height(outer) - client.cy,
-                 SWP_NOZORDER | SWP_NOMOVE | SWP_NOACTIVATE);
+    SetWindowPos(window, nullptr, 0, 0, size.cx + width(outer) - client.cx,
+                 size.cy + height(outer) - client.cy, SWP_NOZORDER | SWP_NOMOVE | SWP_NOACTIVATE);
 }
 
 } // namespace UILib

@@ -226,8 +226,8 @@ bool CPaintManagerUI::dispatchKey(UINT message, WPARAM wParam, LPARAM lParam) {
     }
 }
 
-void CPaintManagerUI::sendEvent(CControlUI* control, EventKind kind, WPARAM wParam, LPARAM lParam, WORD keyState,
-                                wchar_t key) {
+void CPaintManagerUI::sendEvent(CControlUI* control, EventKind kind, WPARAM wParam, LPARAM lParam,
+                                WORD keyState, wchar_t key) {
     TUIEvent event = {kind, control, GetTickCount(), mouse, key, keyState, wParam, lParam};
     control->Event(event);
 }

@@ -7,7 +7,7 @@ namespace UILib {
 
 namespace {
 
-constexpr UINT RefreshTimer = 8192; // outside the numbers of the controls' timers
+constexpr UINT RefreshTimer = 8192;  // outside the numbers of the controls' timers
 constexpr UINT RefreshInterval = 10; // ms
 constexpr unsigned OldestLayeredSystem = 6;
 
@@ -110,8 +110,8 @@ void CPaintManagerUI::paintNativeWindows(const RECT& part) {
             for (int x = 0; x < picture.raster().width; ++x)
                 if (uint32_t& pixel = picture.raster().row(y)[x])
                     pixel |= 0xFF000000;
-        BitBlt(offscreen->context(), place.left, place.top, width(place), height(place), picture.context(), 0, 0,
-               SRCCOPY);
+        BitBlt(offscreen->context(), place.left, place.top, width(place), height(place), picture.context(), 0,
+               0, SRCCOPY);
     }
 }
 
@@ -134,7 +134,8 @@ void CPaintManagerUI::composeLayered(const RECT& client, const RECT& part) {
     POINT origin = {}, place = {frame.left, frame.top};
     SIZE size = {width(client), height(client)};
     BLENDFUNCTION blend = {AC_SRC_OVER, 0, opacity, AC_SRC_ALPHA};
-    updateLayeredWindow()(window, paintContext, &place, &size, offscreen->context(), &origin, 0, &blend, ULW_ALPHA);
+    updateLayeredWindow()(window, paintContext, &place, &size, offscreen->context(), &origin, 0, &blend,
+                          ULW_ALPHA);
 }
 
 // The frame's alpha is the window's shape; the controls supply the colours.

@@ -185,8 +185,8 @@ void CPaintManagerUI::paintOffscreen(const RECT& client, const RECT& part) {
         composeLayered(client, part);
         return;
     }
-    BitBlt(paint.context(), part.left, part.top, width(part), height(part), offscreen->context(), part.left, part.top,
-           SRCCOPY);
+    BitBlt(paint.context(), part.left, part.top, width(part), height(part), offscreen->context(), part.left,
+           part.top, SRCCOPY);
     if (showDirty)
         drawDirty(paint.context(), part);
 }

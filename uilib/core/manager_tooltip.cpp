@@ -10,7 +10,8 @@ void CPaintManagerUI::trackMouse() {
         return;
     TRACKMOUSEEVENT request = {sizeof request, TME_HOVER | TME_LEAVE, window, hoverTime};
     if (toolTipWindow)
-        request.dwHoverTime = static_cast<DWORD>(SendMessageW(toolTipWindow, TTM_GETDELAYTIME, TTDT_INITIAL, 0));
+        request.dwHoverTime =
+            static_cast<DWORD>(SendMessageW(toolTipWindow, TTM_GETDELAYTIME, TTDT_INITIAL, 0));
     tracking = _TrackMouseEvent(&request);
 }
 
@@ -37,8 +38,8 @@ bool CPaintManagerUI::onHover(WPARAM wParam, LPARAM lParam) {
     const auto info = reinterpret_cast<LPARAM>(&toolInfo);
     if (!toolTipWindow) {
         toolTipWindow = CreateWindowExW(0, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP,
-                                        CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, window, nullptr,
-                                        GetInstance(), nullptr);
+                                        CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, window,
+                                        nullptr, GetInstance(), nullptr);
         if (toolTipWidth >= 0)
             toolTipWidth = static_cast<int>(SendMessageW(toolTipWindow, TTM_SETMAXTIPWIDTH, 0, toolTipWidth));
         SendMessageW(toolTipWindow, TTM_ADDTOOLW, 0, info);
@@ -65,9 +66,8 @@ void CPaintManagerUI::onMouseLeave() {
         RECT frame = {};
         GetCursorPos(&cursor);
         GetWindowRect(window, &frame);
-        const bool inside =
-            !IsIconic(window) && GetActiveWindow() == window && contains(frame, cursor) &&
-            SendMessageW(window, WM_NCHITTEST, 0, MAKELPARAM(cursor.x, cursor.y)) == HTCLIENT;
+        const bool inside = !IsIconic(window) && GetActiveWindow() == window && contains(frame, cursor) &&
+                            SendMessageW(window, WM_NCHITTEST, 0, MAKELPARAM(cursor.x, cursor.y)) == HTCLIENT;
         POINT point = {-1, -1};
         if (inside) {
             point = cursor;

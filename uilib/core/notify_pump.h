@@ -35,7 +35,8 @@ public:
     template <class Window>
     static constexpr Entry entry(const wchar_t* type, const wchar_t* controlName,
                                  void (Window::*handler)(TUINotify& notification)) {
-        return {type, controlName, Signature::Notification, nullptr, static_cast<NotificationHandler>(handler)};
+        return {type, controlName, Signature::Notification, nullptr,
+                static_cast<NotificationHandler>(handler)};
     }
     template <class Window>
     static constexpr Entry entry(const wchar_t* type, const wchar_t* controlName,

@@ -189,7 +189,8 @@ bool CPaintManagerUI::AddNativeWindow(CControlUI* control, HWND child) {
 }
 
 bool CPaintManagerUI::RemoveNativeWindow(HWND child) {
-    return std::erase_if(nativeWindows, [child](const NativeWindow& entry) { return entry.child == child; }) > 0;
+    return std::erase_if(nativeWindows, [child](const NativeWindow& entry) { return entry.child == child; }) >
+           0;
 }
 
 bool CPaintManagerUI::TranslateMessage(MSG* message) {
@@ -201,9 +202,9 @@ bool CPaintManagerUI::TranslateMessage(MSG* message) {
     };
     LRESULT result = 0;
     if (!(GetWindowLongW(message->hwnd, GWL_STYLE) & WS_CHILD)) {
-        const auto owner = std::find_if(managers().begin(), managers().end(), [message](CPaintManagerUI* manager) {
-            return manager->window == message->hwnd;
-        });
+        const auto owner =
+            std::find_if(managers().begin(), managers().end(),
+                         [message](CPaintManagerUI* manager) { return manager->window == message->hwnd; });
         if (owner == managers().end())
             return false;
         if (offer(**owner))

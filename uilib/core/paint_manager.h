@@ -76,7 +76,8 @@ public:
 
     // -- Notifications.
 
-    void SendNotify(TUINotify& notification, Delivery delivery = Delivery::Now, Repeats repeats = Repeats::Allow);
+    void SendNotify(TUINotify& notification, Delivery delivery = Delivery::Now,
+                    Repeats repeats = Repeats::Allow);
     void SendNotify(CControlUI* sender, const wchar_t* type, WPARAM wParam = 0, LPARAM lParam = 0,
                     Delivery delivery = Delivery::Now);
     void AddDelayedCleanup(CControlUI* control); // deletes it once the queue runs
@@ -157,8 +158,8 @@ private:
     bool dispatch(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     bool dispatchMouse(UINT message, WPARAM wParam, LPARAM lParam);
     bool dispatchKey(UINT message, WPARAM wParam, LPARAM lParam);
-    void sendEvent(CControlUI* control, EventKind kind, WPARAM wParam = 0, LPARAM lParam = 0, WORD keyState = 0,
-                   wchar_t key = 0);
+    void sendEvent(CControlUI* control, EventKind kind, WPARAM wParam = 0, LPARAM lParam = 0,
+                   WORD keyState = 0, wchar_t key = 0);
     CControlUI* controlAt(POINT point);
     void onMouseMove(WPARAM wParam, LPARAM lParam);
     void changeHover(CControlUI* found, WPARAM wParam, LPARAM lParam);

@@ -24,7 +24,6 @@ public:
 private:
     void apply(HDC target, utility::Region region);
 
-    RECT item = {};
     HDC context = nullptr;
     utility::Region before; // null when there was none
     utility::Region inside;

@@ -49,9 +49,10 @@ public:
 
     // -- Fills and lines.
 
+    // The alpha of a gradient is the mean of its two colours'.
     static void DrawColor(HDC context, const RECT& rectangle, uint32_t color);
     static void DrawGradient(HDC context, const RECT& rectangle, uint32_t first, uint32_t second,
-                             Direction direction, int steps);
+                             Direction direction);
     // From the top left to the bottom right corner. Lines have no alpha.
     static void DrawLine(HDC context, const RECT& rectangle, int width, uint32_t color,
                          int penStyle = PS_SOLID);

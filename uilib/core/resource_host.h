@@ -14,7 +14,8 @@ public:
 
     void SetForceShared(bool force) { tables.SetForceShared(force); }
 
-    HFONT AddFont(int id, const wchar_t* face, int size, bool bold, bool underline, bool italic, bool shared) {
+    HFONT AddFont(int id, const wchar_t* face, int size, bool bold, bool underline, bool italic,
+                  bool shared) {
         return tables.AddFont(GetPaintDC(), id, {face, size, bold, underline, italic}, scopeOf(shared));
     }
     HFONT GetFont(int id) const { return tables.GetFont(id); }
@@ -40,7 +41,9 @@ public:
     void AddDefaultAttributeList(const wchar_t* tag, const wchar_t* list, bool shared) {
         tables.AddDefaultAttributeList(tag, list, scopeOf(shared));
     }
-    const wchar_t* GetDefaultAttributeList(const wchar_t* tag) const { return tables.GetDefaultAttributeList(tag); }
+    const wchar_t* GetDefaultAttributeList(const wchar_t* tag) const {
+        return tables.GetDefaultAttributeList(tag);
+    }
     void AddWindowCustomAttribute(const wchar_t* name, const wchar_t* value) {
         tables.AddWindowCustomAttribute(name, value);
     }
@@ -48,7 +51,9 @@ public:
         return tables.GetWindowCustomAttribute(name);
     }
 
-    bool AddOptionGroup(const wchar_t* group, CControlUI* control) { return tables.AddOptionGroup(group, control); }
+    bool AddOptionGroup(const wchar_t* group, CControlUI* control) {
+        return tables.AddOptionGroup(group, control);
+    }
     CUIPtrArray* GetOptionGroup(const wchar_t* group) { return tables.GetOptionGroup(group); }
     void RemoveOptionGroup(const wchar_t* group, CControlUI* control) {
         tables.RemoveOptionGroup(group, control);

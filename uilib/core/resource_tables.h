@@ -4,6 +4,7 @@
 #include "uilib/core/image.h"
 #include "uilib/core/platform.h"
 
+#include <array>
 #include <map>
 #include <memory>
 #include <string>
@@ -38,8 +39,8 @@ struct FontSpec {
 struct FontRecord {
     utility::Font font;
     FontSpec spec;
-    TEXTMETRICW metrics = {};
-    bool measured = false;
+    mutable TEXTMETRICW metrics = {}; // empty until measured
+    mutable bool measured = false;
 };
 
 // The colours that a window uses where a control names none, all 32-bit ARGB.
@@ -71,10 +72,10 @@ public:
     HFONT AddFont(HDC paintContext, int id, const FontSpec& spec, Scope scope);
     HFONT GetFont(int id) const;               // never null: the default font stands in
     HFONT GetFont(const FontSpec& spec) const; // null when no table has it
-    const FontRecord& GetFontInfo(HDC paintContext, int id);
-    const FontRecord& GetFontInfo(HDC paintContext, HFONT font);
+    const FontRecord& GetFontInfo(HDC paintContext, int id) const;
+    const FontRecord& GetFontInfo(HDC paintContext, HFONT font) const;
     void SetDefaultFont(HDC paintContext, const FontSpec& spec, Scope scope);
-    const FontRecord& GetDefaultFontInfo(HDC paintContext);
+    const FontRecord& GetDefaultFontInfo(HDC paintContext) const;
     // The window font of a language: the shared default font and the shared ids 0 to 8.
     void SetDefaultFontFamily(HDC paintContext, const wchar_t* faceName);
     // The id of that font, made under a fresh id in the own table when it is missing;
@@ -129,19 +130,25 @@ private:
         FontRecord defaultFont; // a manager's has an empty face name until it is set
     };
 
+    static constexpr int NoFont = -1;
+
     static Tables& shared();
     static DefaultColors& sharedColors();
     Tables& target(Scope scope) { return forceShared || scope == Scope::Shared ? shared() : own; }
-    const FontRecord* findFont(int id) const;
+    std::array<const Tables*, 2> both() const { return {&own, &shared()}; } // in the order of look-up
+    template <class Table, class Key>
+    const typename Table::mapped_type* lookUp(Table Tables::*member, const Key& key) const;
+    const FontRecord* findFont(int id) const; // null for an unknown one
     const FontRecord& fontOrDefault(int id) const;
     const FontRecord& defaultFont() const;
+    int findFontId(const FontSpec& spec) const; // or NoFont
     void setColor(uint32_t DefaultColors::*which, uint32_t color, Scope scope);
 
     Tables own;
     bool forceShared = false;
     int tagFonts = 0; // made by FindOrAddFont
     DefaultColors colors;
-    std::map<std::wstring, CUIString, std::less<>> customAttributes;
+    TextTable customAttributes;
     std::map<std::wstring, CUIPtrArray, std::less<>> optionGroups;
 };
 

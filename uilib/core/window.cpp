@@ -20,8 +20,8 @@ bool registered(const WNDCLASSEXW& description) {
 
 } // namespace
 
-HWND CWindowWnd::Create(HWND parent, const wchar_t* name, DWORD style, DWORD extendedStyle, int x, int y, int cx,
-                        int cy, HMENU menu) {
+HWND CWindowWnd::Create(HWND parent, const wchar_t* name, DWORD style, DWORD extendedStyle, int x, int y,
+                        int cx, int cy, HMENU menu) {
     if (!(GetSuperClassName() ? registerSuperClass() : registerWindowClass()))
         return nullptr;
     window = CreateWindowExW(extendedStyle, GetWindowClassName(), name, style, x, y, cx, cy, parent, menu,
@@ -29,7 +29,8 @@ HWND CWindowWnd::Create(HWND parent, const wchar_t* name, DWORD style, DWORD ext
     return window;
 }
 
-HWND CWindowWnd::Create(HWND parent, const wchar_t* name, DWORD style, DWORD extendedStyle, const RECT& rectangle) {
+HWND CWindowWnd::Create(HWND parent, const wchar_t* name, DWORD style, DWORD extendedStyle,
+                        const RECT& rectangle) {
     return Create(parent, name, style, extendedStyle, rectangle.left, rectangle.top, width(rectangle),
                   height(rectangle));
 }
@@ -195,7 +196,8 @@ void CWindowWnd::ResizeClient(int cx, int cy) {
     const auto style = static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE));
     const auto extendedStyle = static_cast<DWORD>(GetWindowLongW(window, GWL_EXSTYLE));
     AdjustWindowRectEx(&client, style, !(style & WS_CHILD) && GetMenu(window), extendedStyle);
-    SetWindowPos(window, nullptr, 0, 0, width(client), height(client), SWP_NOZORDER | SWP_NOMOVE | SWP_NOACTIVATE);
+    SetWindowPos(window, nullptr, 0, 0, width(client), height(client),
+                 SWP_NOZORDER | SWP_NOMOVE | SWP_NOACTIVATE);
 }
 
 LRESULT CWindowWnd::SendMessage(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -19,8 +19,8 @@ public:
     operator HWND() const { return window; }
 
     // Registers the class if need be. Null when the system refuses.
-    HWND Create(HWND parent, const wchar_t* name, DWORD style, DWORD extendedStyle, int x, int y, int cx, int cy,
-                HMENU menu = nullptr);
+    HWND Create(HWND parent, const wchar_t* name, DWORD style, DWORD extendedStyle, int x, int y, int cx,
+                int cy, HMENU menu = nullptr);
     HWND Create(HWND parent, const wchar_t* name, DWORD style, DWORD extendedStyle, const RECT& rectangle);
     HWND Create(HWND parent, const wchar_t* name, DWORD style, DWORD extendedStyle);
     HWND Subclass(HWND existing);
@@ -29,7 +29,7 @@ public:
     void ShowWindow(bool show = true, bool takeFocus = true);
     UINT_PTR ShowModal(); // the result that the window was closed with; disables the owner meanwhile
     void Close(UINT_PTR result = 0);
-    void CenterWindow(); // on its owner, else on the monitor
+    void CenterWindow();                         // on its owner, else on the monitor
     void ResizeClient(int cx = -1, int cy = -1); // -1 leaves a side
     LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
     bool PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);

@@ -145,7 +145,8 @@ LRESULT WindowImplBase::OnNcActivate(UINT, WPARAM wParam, LPARAM, bool& handled)
 LRESULT WindowImplBase::OnNcCalcSize(UINT, WPARAM wParam, LPARAM lParam, bool&) {
     if (!IsZoomed(window))
         return 0;
-    RECT& proposed = wParam ? reinterpret_cast<NCCALCSIZE_PARAMS*>(lParam)->rgrc[0] : *reinterpret_cast<RECT*>(lParam);
+    RECT& proposed =
+        wParam ? reinterpret_cast<NCCALCSIZE_PARAMS*>(lParam)->rgrc[0] : *reinterpret_cast<RECT*>(lParam);
     const RECT work = monitorOf(window).rcWork;
     proposed.right = proposed.left + width(work);
     proposed.bottom = proposed.top + height(work);
@@ -169,7 +170,7 @@ LRESULT WindowImplBase::OnNcHitTest(UINT, WPARAM, LPARAM lParam, bool&) {
 
 LRESULT WindowImplBase::edgeAt(POINT point, const RECT& client) const {
     const RECT inner = shrunk(client, paintManager.GetSizeBox());
-    const bool left = point.x < inner.left, right = point.x > inner.right;
+    const bool left = point.x<inner.left, right = point.x> inner.right;
     if (point.y < inner.top)
         return left ? HTTOPLEFT : right ? HTTOPRIGHT : HTTOP;
     if (point.y > inner.bottom)
@@ -193,7 +194,8 @@ bool WindowImplBase::isCaption(POINT point, const RECT& client) const {
 LRESULT WindowImplBase::OnGetMinMaxInfo(UINT, WPARAM, LPARAM lParam, bool& handled) {
     auto& info = *reinterpret_cast<MINMAXINFO*>(lParam);
     const MONITORINFO monitor = monitorOf(window);
-    info.ptMaxPosition = {monitor.rcWork.left - monitor.rcMonitor.left, monitor.rcWork.top - monitor.rcMonitor.top};
+    info.ptMaxPosition = {monitor.rcWork.left - monitor.rcMonitor.left,
+                          monitor.rcWork.top - monitor.rcMonitor.top};
     info.ptMaxTrackSize = {width(monitor.rcWork), height(monitor.rcWork)};
     const SIZE smallest = paintManager.GetMinInfo();
     info.ptMinTrackSize = {smallest.cx, smallest.cy};
@@ -241,10 +243,10 @@ void WindowImplBase::showRestoreButton(bool wasZoomed) {
 }
 
 // The operations that leave their message to others.
-#define UNHANDLED(operation)                                                                                           \
-    LRESULT WindowImplBase::operation(UINT, WPARAM, LPARAM, bool& handled) {                                           \
-        handled = false;                                                                                               \
-        return 0;                                                                                                      \
+#define UNHANDLED(operation)                                                                                 \
+    LRESULT WindowImplBase::operation(UINT, WPARAM, LPARAM, bool& handled) {                                 \
+        handled = false;                                                                                     \
+        return 0;                                                                                            \
     }
 UNHANDLED(OnClose)
 UNHANDLED(OnDestroy)

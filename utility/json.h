@@ -6,7 +6,7 @@
 
 #include <rapidjson/document.h>
 
-// How the launcher reads a JSON document that came from the network: type-strict, and
+// How the program reads a JSON document that came from the network: type-strict, and
 // without recursion, so that a deeply nested text cannot exhaust the stack.
 
 namespace json {

@@ -1,0 +1,92 @@
+#include "launcher/qzvy/QzVyMainFrame.h"
+
+#include "launcher/qzvy/BrowseFolder.h"
+#include "launcher/qzvy/InstallPath.h"
+#include "launcher/qzvy/QzVyModel.h"
+#include "shell/QzVySetupImpl.h"
+#include "uilib/core/paint_manager.h"
+#include "update/QzHubUpdateModel.h"
+#include "utility/files.h"
+#include "utility/log.h"
+
+using namespace utility;
+using UILib::languageText;
+
+void QzVyMainFrame::InitWindow() {
+    QzVyModel& model = QzVyModel::instance();
+    SetWindowTextW(view.window(), L"VYN");
+    view.setPathTitle(languageText("install_changepath"));
+    view.setInstallText(languageText("launcher_installing_player"));
+    view.setInstallPath(model.getPathDir());
+    model.onVersionReady = [this] { _checkGameAndAppVersion(); };
+    model.onBackgroundReady = [this] { refreshBackground(); };
+
+    QzHubUpdateModel& update = QzHubUpdateModel::instance();
+    update.onCheckResult = [this](const std::wstring& version, const std::wstring& content, bool force) {
+        onUpdateResult(version, content, force);
+    };
+    update.checkVersion(true);
+    _checkGameAndAppVersion();
+}
+
+void QzVyMainFrame::onCloseBtnClicked() {
+    if (QzVySetupImpl::instance().minbyclose)
+        view.show(false);
+    else
+        view.close(1);
+}
+
+void QzVyMainFrame::onBrowseInstallPath() {
+    if (const auto choice = browseForFolder(view.window(), QzVyModel::instance().getPathDir()))
+        applyInstallPath(*choice);
+}
+
+void QzVyMainFrame::applyInstallPath(const std::wstring& choice) {
+    const auto path = installPathOf(choice);
+    if (!path)
+        return;
+    view.setInstallPath(*path);
+    QzVyModel::instance().setPathDir(*path);
+    _checkGameAndAppVersion();
+}
+
+void QzVyMainFrame::refreshBackground() {
+    const std::wstring image = ufile::getModuleDir() + L"data\\player_bg.jpg";
+    const std::wstring folder = QzVyModel::instance().getPathDir();
+    if (ufile::isExist(image) && !folder.empty())
+        ufile::copyFile(image, folder + L"\\data\\launch_1920.jpg", false);
+}
+
+void QzVyMainFrame::onUpdateResult(const std::wstring& version, const std::wstring&, bool force) {
+    if (version.empty())
+        return;
+    common::log("QzVyMainFrame::onUpdateResult", __LINE__, L"version %s, force %d", version.c_str(), force);
+    if (!force)
+        return;
+    QzHubUpdateModel& update = QzHubUpdateModel::instance();
+    update.onDownloadPercent = [](int percent) {
+        if (percent == 100)
+            DestroyWindow(QzVyModel::instance().mainWindow);
+    };
+    update.startDownload();
+}
+
+void QzVyMainFrame::OnDestroy() {
+    installTimer.stop();
+}
+
+void QzVyMainFrame::OnFinalMessage() {
+    QzVyModel& model = QzVyModel::instance();
+    model.mainWindow = nullptr;
+    model.onVersionReady = nullptr;
+    model.onBackgroundReady = nullptr;
+    QzHubUpdateModel::instance().onCheckResult = nullptr;
+    if (onClosed)
+        onClosed();
+    stopFlag = true;
+    // Tasks run in the order of their posts: behind this one none is left that knows the
+    // object. A worker that still runs keeps it until the process ends.
+    if (!workerAlive)
+        common::postToWindowThread([this] { delete this; });
+    PostQuitMessage(0);
+}

@@ -1,34 +1,14 @@
 #include "uilib/core/markup.h"
 #include "kit/command.h"
 #include "kit/console.h"
+#include "kit/escape.h"
 #include "kit/read_file.h"
 
 #include <cstdio>
-#include <cwctype>
 
 namespace kit {
 
 extern const Command markupCommand;
-
-static bool isControl(wchar_t character) {
-    return character < 0x20 || (character >= 0x7F && character < 0xA0);
-}
-
-static std::wstring escaped(const wchar_t* text) {
-    std::wstring result;
-    for (; *text; ++text) {
-        if (*text == L'\\' || *text == L'"') {
-            result += L'\\';
-            result += *text;
-        } else if (isControl(*text)) {
-            static constexpr wchar_t Digits[] = L"0123456789ABCDEF";
-            result += {L'\\', L'x', Digits[*text >> 4 & 15], Digits[*text & 15]};
-        } else {
-            result += *text;
-        }
-    }
-    return result;
-}
 
 static void printElement(UILib::CMarkupNode& node, size_t depth) {
     std::wstring line(depth * 2, L' ');

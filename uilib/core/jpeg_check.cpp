@@ -9,7 +9,6 @@ constexpr size_t MostCodes = 256;
 constexpr size_t CountsLength = 16; // of codes by their length in bits
 
 enum Marker : uint8_t {
-    StartOfImage = 0xD8,
     DefineHuffmanTables = 0xC4,
     StartOfScan = 0xDA,
 };
@@ -43,12 +42,12 @@ bool areTablesSafe(std::string_view bytes, size_t at) {
 } // namespace
 
 bool isSafeForJpegDecoder(std::string_view bytes) {
-    if (byteAt(bytes, 0) != 0xFF || byteAt(bytes, 1) != StartOfImage)
+    if (byteAt(bytes, 0) != 0xFF) // no other format begins so
         return true;
     int scans = 0;
     // Up to the first scan whole segments are passed over; behind it every pair of bytes
     // that could be a marker counts, since only a decoder knows where a scan ends.
-    for (size_t at = 2; at + 1 < bytes.size();) {
+    for (size_t at = 0; at + 1 < bytes.size();) {
         const uint8_t marker = byteAt(bytes, at + 1);
         if (byteAt(bytes, at) != 0xFF || marker == 0xFF) {
             ++at;

@@ -138,6 +138,7 @@ TEST(JpegCheck, shouldRefuseTooManyScansAndTooLargeTables) {
     EXPECT_FALSE(isSafeForJpegDecoder(start + scan + "entropy" + segment('\xC4', large)));
     EXPECT_FALSE(isSafeForJpegDecoder(start + "padding\xFF" + segment('\xC4', large)));
     EXPECT_TRUE(isSafeForJpegDecoder(start + segment('\xE1', segment('\xC4', large)))); // a thumbnail
+    EXPECT_FALSE(isSafeForJpegDecoder("\xFF" + start + segment('\xC4', large)));        // filled up in front
     EXPECT_TRUE(isSafeForJpegDecoder("x" + segment('\xC4', large)));
     EXPECT_TRUE(isSafeForJpegDecoder(start + "\xFF\xC4"));
 }

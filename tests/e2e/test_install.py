@@ -1,4 +1,3 @@
-import unittest
 
 from scene import ORDINARY, PACKAGE, ROOT, Scene, main, wait_for
 

@@ -81,18 +81,27 @@ TEST_F(ProcessTest, ShellExWaitsForAnExitCodeOfZero) {
     EXPECT_TRUE(logged(L"shellEx failed!!! lastError = "));
 }
 
-// Wine starts its desktop shell with the first window.
+// The desktop's shell in its own place. Wine starts one by itself, but from the system
+// folder, where Windows has none.
 class DesktopShell {
 public:
-    DesktopShell()
-        : window(
-              CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr)) {
-        EXPECT_NE(window, nullptr);
+    DesktopShell() : process(utility::process::create(path(), L"C:\\", false, &id)) {
+        EXPECT_TRUE(test::waitUntil([&] { return GetProcessPath(id) == path(); }));
     }
-    ~DesktopShell() { DestroyWindow(window); }
+    ~DesktopShell() {
+        TerminateProcess(process.get(), 0);
+        WaitForSingleObject(process.get(), 5000);
+    }
 
 private:
-    const HWND window;
+    static std::wstring path() {
+        wchar_t folder[MAX_PATH] = {};
+        GetWindowsDirectoryW(folder, MAX_PATH);
+        return std::wstring(folder) + L"\\explorer.exe";
+    }
+
+    DWORD id = 0;
+    const utility::KernelHandle process;
 };
 
 TEST_F(ProcessTest, CreateAsUserStartsWithTheRightsOfTheDesktopShell) {

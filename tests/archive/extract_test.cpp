@@ -111,8 +111,9 @@ TEST(Extract, noHandleStaysOpenWhateverTheEnd) {
         recorder.stopAfter = 100;
         extract(treeArchive("x86.7z"), temp / "out", recorder);
     };
-    unpackAll();
     kit::ProcessCounts before, after;
+    unpackAll();
+    ASSERT_TRUE(kit::readProcessCounts(GetCurrentProcessId(), before)); // the first look opens handles itself
     ASSERT_TRUE(kit::readProcessCounts(GetCurrentProcessId(), before));
     for (int i = 0; i < 20; ++i)
         unpackAll();

@@ -51,7 +51,7 @@ def install(stage, launcher, archive):
     print("run: 100 %, installing", flush=True)
     launcher.wait_log("start run repair", 120)
     stage.display.screenshot(ROOT / "build/screenshots/installing.png")
-    launcher.wait_log("driverconfig.exe", 120)
+    launcher.wait_log("\\driverconfig.exe]", 120)
 
 
 def main():

@@ -15,18 +15,17 @@ constexpr int Failure = -1;
 using CreateProcessWithToken = BOOL(WINAPI*)(HANDLE, DWORD, LPCWSTR, LPWSTR, DWORD, LPVOID, LPCWSTR,
                                              LPSTARTUPINFOW, LPPROCESS_INFORMATION);
 
-bool isProgram(const std::wstring& path, UINT(WINAPI* getFolder)(LPWSTR, UINT), const wchar_t* name) {
+std::wstring shellPath() {
     wchar_t folder[MAX_PATH] = {};
-    getFolder(folder, MAX_PATH);
-    return _wcsicmp(path.c_str(), (std::wstring(folder) + name).c_str()) == 0;
+    GetWindowsDirectoryW(folder, MAX_PATH);
+    return std::wstring(folder) + L"\\explorer.exe";
 }
 
-bool isDesktopShell(const PROCESSENTRY32W& entry) {
-    const std::wstring known = GetProcessPath(entry.th32ProcessID);
-    const std::wstring path = known.empty() ? entry.szExeFile : known;
-    // Wine's shell tells the system folder as its place, where Windows has no such program.
-    return isProgram(path, GetWindowsDirectoryW, L"\\explorer.exe") ||
-           isProgram(path, GetSystemDirectoryW, L"\\explorer.exe") || path == L"explorer.exe";
+bool isDesktopShell(const PROCESSENTRY32W& entry, const std::wstring& shell) {
+    const std::wstring path = GetProcessPath(entry.th32ProcessID);
+    if (path.empty())
+        return std::wcscmp(entry.szExeFile, L"explorer.exe") == 0;
+    return _wcsicmp(path.c_str(), shell.c_str()) == 0 || path == L"explorer.exe";
 }
 
 // The first one that matches, whichever session it serves; empty when none runs.
@@ -34,12 +33,13 @@ KernelHandle openDesktopShell() {
     const FileOwner snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
     if (!snapshot)
         return {};
+    const std::wstring shell = shellPath();
     PROCESSENTRY32W entry = {};
     entry.dwSize = sizeof entry;
     for (BOOL more = Process32FirstW(snapshot.get(), &entry); more;
          more = Process32NextW(snapshot.get(), &entry)) {
         KernelHandle process(OpenProcess(PROCESS_ALL_ACCESS, FALSE, entry.th32ProcessID));
-        if (process && isDesktopShell(entry))
+        if (process && isDesktopShell(entry, shell))
             return process;
     }
     return {};

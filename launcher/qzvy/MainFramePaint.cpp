@@ -94,6 +94,12 @@ void drawGlyph(HDC dc, const RECT& area, int id, bool paused) {
     }
 }
 
+void drawWordMark(HDC dc, const RECT& place) {
+    const utility::Font font(makeFont((place.bottom - place.top) / 2, FW_BOLD));
+    const Selection selection(dc, font.get());
+    drawText(dc, place, L"VYN", White, DT_LEFT | DT_VCENTER);
+}
+
 std::wstring textOf(HWND window) {
     wchar_t text[128];
     return {text, static_cast<size_t>(GetWindowTextW(window, text, std::size(text)))};
@@ -109,13 +115,11 @@ void MainFrameView::paint() {
     fill(dc, {0, 0, client.right, scaled(TitleHeight)}, TitleColor);
     fillGradient(dc, {0, scaled(TitleHeight), client.right, scaled(BandTop)}, BodyTop, BodyBottom);
     fill(dc, {0, scaled(BandTop), client.right, client.bottom}, BandColor);
-    {
-        const utility::Font font(makeFont(scaled(96), FW_BOLD));
-        const Selection selection(dc, font.get());
-        const RECT place = {scaled(WordMark.left), scaled(WordMark.top), scaled(WordMark.right),
-                            scaled(WordMark.bottom)};
-        drawText(dc, place, L"VYN", White, DT_LEFT | DT_VCENTER);
-    }
+    const auto icon = static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IconResource),
+                                                    IMAGE_ICON, scaled(24), scaled(24), LR_SHARED));
+    DrawIconEx(dc, scaled(16), scaled(8), icon, scaled(24), scaled(24), 0, nullptr, DI_NORMAL);
+    drawWordMark(
+        dc, {scaled(WordMark.left), scaled(WordMark.top), scaled(WordMark.right), scaled(WordMark.bottom)});
     EndPaint(hWnd, &painting);
 }
 
@@ -136,7 +140,11 @@ void MainFrameView::drawButton(const DRAWITEMSTRUCT& item) const {
     fill(item.hDC, item.rcItem, BandColor);
     const int radius = item.rcItem.bottom / 3;
     const bool disabled = item.itemState & ODS_DISABLED;
-    fillRounded(item.hDC, item.rcItem, disabled ? StartDisabled : pushed ? StartPushed : StartColor, radius);
+    fillRounded(item.hDC, item.rcItem,
+                disabled ? DisabledColor
+                : pushed ? AccentPushed
+                         : AccentColor,
+                radius);
     const Selection font(item.hDC, id == StartButton ? buttonFont.get() : textFont.get());
     if (id == StartButton)
         return drawText(item.hDC, item.rcItem, textOf(item.hwndItem), White, DT_CENTER | DT_VCENTER);

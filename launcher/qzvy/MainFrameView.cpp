@@ -5,6 +5,7 @@
 #include "launcher/qzvy/WindowSize.h"
 
 #include <commctrl.h>
+#include <uxtheme.h>
 #include <windowsx.h>
 
 #include <algorithm>
@@ -14,7 +15,6 @@ using namespace palette;
 namespace {
 
 constexpr wchar_t ClassName[] = L"QZVYMainFrame";
-constexpr int IconResource = 107;
 constexpr int IconCentre = 16; // half of the icon that rides on the bar
 
 HINSTANCE programInstance() {
@@ -105,6 +105,11 @@ void MainFrameView::onCreate() {
         const auto id = reinterpret_cast<HMENU>(static_cast<INT_PTR>(item.id));
         CreateWindowExW(0, item.windowClass, L"", WS_CHILD | item.style, 0, 0, 0, 0, hWnd, id,
                         programInstance(), nullptr);
+    }
+    for (const Id id : {DownloadProgress, InstallProgress}) {
+        SetWindowTheme(control(id), L"", L""); // a theme has colours of its own
+        SendDlgItemMessageW(hWnd, id, PBM_SETBARCOLOR, 0, AccentColor);
+        SendDlgItemMessageW(hWnd, id, PBM_SETBKCOLOR, 0, TroughColor);
     }
     const auto icon = reinterpret_cast<WPARAM>(LoadIconW(programInstance(), MAKEINTRESOURCEW(IconResource)));
     for (const Id id : {LoadingIcon, InstallIcon})

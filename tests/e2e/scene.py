@@ -48,7 +48,7 @@ class Scene(unittest.TestCase):
         """A first installation, quietly to its end."""
         self.launcher.start()
         self.launcher.click(self.launcher.START)
-        self.launcher.wait_log("driverconfig.exe", 120)
+        self.launcher.wait_log("\\driverconfig.exe]", 120)
 
     def open_game(self):
         """Presses the start button until the game's window is up."""
@@ -85,6 +85,6 @@ ORDINARY = (
 
 def main():
     try:
-        unittest.main(module="__main__")
+        unittest.main(module="__main__", warnings="ignore")
     except StageError as error:
         sys.exit(str(error))

@@ -19,7 +19,7 @@ class Faults(Scene):
         self.launcher.wait_log("no installer file", 60)
         self.publisher.clear()
         self.launcher.click(self.launcher.PAUSE)
-        self.launcher.wait_log("driverconfig.exe", 120)
+        self.launcher.wait_log("\\driverconfig.exe]", 120)
         self.assert_installed()
 
     def test_documents_that_are_junk(self):

@@ -8,7 +8,7 @@ class Install(Scene):
         self.launcher.start()
         self.stage.display.screenshot(ROOT / "build/screenshots/e2e_start.png")
         self.launcher.click(self.launcher.START)
-        self.launcher.wait_log("driverconfig.exe", 120)
+        self.launcher.wait_log("\\driverconfig.exe]", 120)
         self.assert_installed()
         self.assertEqual((self.launcher.folder / "vynen_2.1.0.7z").read_bytes(), PACKAGE.read_bytes())
         self.open_game()
@@ -31,7 +31,7 @@ class Install(Scene):
         wait_for(rests, 30, "the partial file to rest")
         self.publisher.clear()
         self.launcher.click(self.launcher.PAUSE)
-        self.launcher.wait_log("driverconfig.exe", 120)
+        self.launcher.wait_log("\\driverconfig.exe]", 120)
         self.assert_installed()
         self.assertIn(f"bytes={sizes[-1]}-", self.publisher.requests())
 

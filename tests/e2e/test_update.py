@@ -29,7 +29,7 @@ class Update(Scene):
         self.launcher.start()
         self.launcher.wait_log("local config version")
         self.launcher.click(self.launcher.START)
-        self.launcher.wait_log("driverconfig.exe", 120)
+        self.launcher.wait_log("\\driverconfig.exe]", 120)
         self.assertTrue((self.launcher.folder / "vynen_1.0.7z").exists())
         self.assert_installed()
 

@@ -43,8 +43,7 @@ SRes BlockPump::run() {
         if (status != SZ_OK)
             return status;
     }
-    // Blocks that hold less than their entries leave the last one short.
-    return sink.fileRemaining > 0 ? SZ_ERROR_FAIL : SZ_OK;
+    return SZ_OK;
 }
 
 SRes BlockPump::pump(uint32_t block) {
@@ -83,11 +82,11 @@ SRes BlockPump::stream(uint32_t block, uint64_t unpackSize) {
 
 SRes BlockPump::streamInto(ByteSink& output, uint32_t block, const CSzCoderInfo& coder, uint64_t unpackSize) {
     const uint32_t packStream = archive.db.FoStartPackStreamIndex[block];
-    const uint64_t* packEnds = archive.db.PackPositions + packStream;
-    const uint64_t packSize = packEnds[1] - packEnds[0];
+    const uint64_t* packPositions = archive.db.PackPositions + packStream;
+    const uint64_t packSize = packPositions[1] - packPositions[0];
     if (coder.MethodID == StreamDecoder::copyMethod && packSize != unpackSize)
         return SZ_ERROR_DATA;
-    SRes status = LookInStream_SeekTo(input, SzArEx_GetFolderStreamPos(&archive, block, 0));
+    SRes status = LookInStream_SeekTo(input, archive.dataPos + packPositions[0]);
     if (status != SZ_OK)
         return status;
     auto decoder = StreamDecoder::make(coder, coderData(block) + coder.PropsOffset, memory.calls(), status);

@@ -27,7 +27,7 @@ SRes BlockStream::run(uint64_t packSize, uint64_t unpackSize) {
 }
 
 SRes BlockStream::decodeWindow(StreamDecoder::Step& step) {
-    const void* window = nullptr;
+    const void* window = buffer; // an address even for an empty window
     auto size = static_cast<size_t>(std::min<uint64_t>(packLeft, SIZE_MAX));
     const SRes looked = size ? ILookInStream_Look(input, &window, &size) : SZ_OK;
     if (looked != SZ_OK)

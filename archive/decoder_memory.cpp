@@ -4,27 +4,33 @@
 
 namespace archive {
 
-namespace {
-
 // Stands before each block; its size keeps the alignment that malloc gives.
-struct alignas(16) BlockHead {
+struct alignas(16) DecoderMemory::BlockHead {
     size_t size;
+    BlockHead* previous;
+    BlockHead* next;
 };
 
-} // namespace
+DecoderMemory::DecoderMemory(size_t budget) : table{{onAlloc, onFree}, this}, left(budget) {}
 
-DecoderMemory::DecoderMemory() : table{{onAlloc, onFree}, this} {}
+DecoderMemory::~DecoderMemory() {
+    while (first)
+        release(first + 1);
+}
 
 void* DecoderMemory::take(size_t size, bool zeroed) {
-    if (size > budget - used)
+    if (size > left)
         return nullptr;
     const size_t whole = sizeof(BlockHead) + size;
     void* block = zeroed ? calloc(1, whole) : malloc(whole);
     if (!block)
         return nullptr;
     auto* head = static_cast<BlockHead*>(block);
-    head->size = size;
-    used += size;
+    *head = {size, nullptr, first};
+    if (first)
+        first->previous = head;
+    first = head;
+    left -= size;
     return head + 1;
 }
 
@@ -36,12 +42,15 @@ void DecoderMemory::release(void* block) {
     if (!block)
         return;
     BlockHead* head = static_cast<BlockHead*>(block) - 1;
-    used -= head->size;
+    (head->previous ? head->previous->next : first) = head->next;
+    if (head->next)
+        head->next->previous = head->previous;
+    left += head->size;
     free(head);
 }
 
 void* DecoderMemory::onAlloc(ISzAllocPtr calls, size_t size) {
-    return size == 0 ? nullptr : reinterpret_cast<const Table*>(calls)->owner->take(size, false);
+    return reinterpret_cast<const Table*>(calls)->owner->take(size, false);
 }
 
 void DecoderMemory::onFree(ISzAllocPtr calls, void* block) {

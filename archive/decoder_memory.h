@@ -11,15 +11,17 @@ namespace archive {
 // The memory of one extraction's decoders: malloc and free under a budget. What an
 // archive claims to need decides the size of dictionaries and tables, so that a hostile
 // one could take the whole address space of a 32-bit program; above the budget it is
-// told that memory is out. One thread.
+// told that memory is out. What the decoder forgets to free when a header breaks off in
+// the middle goes with the object. One thread.
 class DecoderMemory {
 public:
     // Holds every dictionary that a 32-bit program can decode with in practice.
-    static constexpr size_t budget = size_t(1) << 30;
+    static constexpr size_t defaultBudget = size_t(1) << 30;
 
-    DecoderMemory();
+    explicit DecoderMemory(size_t budget);
     DecoderMemory(const DecoderMemory&) = delete;
     DecoderMemory& operator=(const DecoderMemory&) = delete;
+    ~DecoderMemory();
 
     // For the decoder's calls; valid as long as this object. Its blocks are not zeroed.
     ISzAllocPtr calls() const { return &table.calls; }
@@ -29,6 +31,7 @@ public:
     void release(void* block); // null is fine
 
 private:
+    struct BlockHead;
     struct Table {
         ISzAlloc calls; // first, so that the decoder's pointer leads back here
         DecoderMemory* owner;
@@ -39,7 +42,8 @@ private:
     static void onFree(ISzAllocPtr calls, void* block);
 
     Table table;
-    size_t used = 0;
+    size_t left; // of the budget
+    BlockHead* first = nullptr;
 };
 
 // A block of the decoders' memory that frees itself before the memory goes.

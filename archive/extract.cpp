@@ -2,6 +2,7 @@
 
 #include "archive/block_pump.h"
 #include "archive/database.h"
+#include "archive/extraction.h"
 #include "archive/file_sink.h"
 #include "archive/input_stream.h"
 #include "archive/memory_sink.h"
@@ -35,10 +36,10 @@ private:
     Byte window[16384];
 };
 
-SRes pumpArchive(const InputStream& input, ArchiveSink& sink) {
+SRes pumpArchive(const InputStream& input, ArchiveSink& sink, size_t memoryBudget) {
     static const bool tablesReady = (CrcGenerateTable(), true);
     (void)tablesReady;
-    DecoderMemory memory;
+    DecoderMemory memory(memoryBudget);
     LookAhead look(input);
     Database database(memory);
     const SRes opened = database.open(look.calls());
@@ -46,11 +47,6 @@ SRes pumpArchive(const InputStream& input, ArchiveSink& sink) {
         return opened;
     sink.archive = &database.get();
     return BlockPump(database.get(), look.calls(), sink, memory).run();
-}
-
-int extract(const InputStream& input, ArchiveSink& sink) {
-    const int result = resultOfStatus(pumpArchive(input, sink));
-    return sink.error != Ok ? sink.error : result;
 }
 
 // Runs a step of ours; the library's containers throw when memory is out.
@@ -66,13 +62,19 @@ int guarded(const char* function, Step step) {
 
 } // namespace
 
+int extract(const InputStream& input, ArchiveSink& sink, size_t memoryBudget) {
+    const int result =
+        guarded("extract", [&] { return resultOfStatus(pumpArchive(input, sink, memoryBudget)); });
+    return sink.error != Ok ? sink.error : result;
+}
+
 int extractArchive(const std::wstring& archivePath, const std::wstring& directory,
                    SzExtractCallback* callback) {
     std::optional<FileSink> sink;
     const int result = guarded("extractArchive", [&]() -> int {
         sink.emplace(directory, callback);
         FileInput input;
-        return input.open(archivePath) ? extract(input, *sink) : InputEnd;
+        return input.open(archivePath) ? extract(input, *sink, DecoderMemory::defaultBudget) : InputEnd;
     });
     if (callback)
         callback->onResult(result, sink ? sink->fileName : L"");
@@ -83,7 +85,7 @@ int extractArchiveFromMemory(const void* bytes, uint32_t size, ExtractFileHandle
     return guarded("extractArchiveFromMemory", [&] {
         MemoryInput input(bytes, size);
         MemorySink sink(handler);
-        return extract(input, sink);
+        return extract(input, sink, DecoderMemory::defaultBudget);
     });
 }
 

@@ -40,7 +40,7 @@ bool MemorySink::startNextEntry() {
         return false;
     }
     fileRemaining = SzArEx_GetFileSize(archive, fileIndex);
-    if (fileRemaining > DecoderMemory::budget) {
+    if (fileRemaining > DecoderMemory::defaultBudget) {
         common::log("MemorySink::startNextEntry", __LINE__, L"%s is too large: %llu bytes", fileName,
                     static_cast<unsigned long long>(fileRemaining));
         fail(OutOfMemory);

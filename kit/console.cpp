@@ -1,5 +1,6 @@
 #include "kit/console.h"
 
+#include "utility/log.h"
 #include "utility/windows.h"
 
 #include <cstdio>
@@ -16,9 +17,14 @@ std::string toUtf8(std::wstring_view text) {
     return result;
 }
 
+static void printLogLine(const char* function, int line, const wchar_t* text) {
+    fprintf(stderr, "%s (%d): %s\n", function, line, toUtf8(text).c_str());
+}
+
 void prepareConsole() {
     _setmode(_fileno(stdout), _O_BINARY);
     _setmode(_fileno(stderr), _O_BINARY);
+    common::setLogSink(printLogLine);
 }
 
 } // namespace kit

@@ -10,7 +10,8 @@ namespace kit {
 
 std::string toUtf8(std::wstring_view text);
 
-// Puts both outputs into binary mode. Once, before the first line.
+// Puts both outputs into binary mode and sends the log's lines to the error output.
+// Once, before the first line.
 void prepareConsole();
 
 } // namespace kit

@@ -11,8 +11,14 @@ namespace kit {
 extern const Command countsCommand;
 extern const Command fetchCommand;
 extern const Command serveCommand;
+extern const Command unpackCommand;
 
-static const std::initializer_list<const Command*> commands = {&countsCommand, &fetchCommand, &serveCommand};
+static const std::initializer_list<const Command*> commands = {
+    &countsCommand,
+    &fetchCommand,
+    &serveCommand,
+    &unpackCommand,
+};
 
 static void printHelp(const Command& command, FILE* out) {
     fprintf(out, "usage: vynkit %s %s\n\n%s\n", command.name, command.usage, command.summary);

@@ -105,7 +105,7 @@ std::string contentRange(const Reply& reply, uint64_t size) {
 }
 
 RequestRecord recordOf(const httplib::Request& request) {
-    RequestRecord record{request.method, request.path, request.get_header_value("Range"), {}};
+    RequestRecord record{request.method, request.path, request.target, request.get_header_value("Range"), {}};
     for (const auto& [name, value] : request.headers)
         if (!name.starts_with("REMOTE_") && !name.starts_with("LOCAL_")) // the library's own
             record.headers.emplace(name, value);

@@ -24,7 +24,8 @@ namespace publisher {
 
 struct RequestRecord {
     std::string method;
-    std::string path;
+    std::string path;                                // decoded, without the query
+    std::string target;                              // as received
     std::string range;                               // value of the header, or empty
     std::multimap<std::string, std::string> headers; // as received
 };

@@ -20,8 +20,9 @@ def package():
     return out
 
 
-def show_progress(partial, total, done):
-    """One line a half second until done() holds: percent, amount, speed, time left."""
+def show_progress(partial, total, done, at_half):
+    """One line a half second until done() holds: percent, amount, speed, time left.
+    at_half() is called once, in the middle."""
     before, tick = 0, time.monotonic()
     while not done():
         time.sleep(0.5)
@@ -32,6 +33,8 @@ def show_progress(partial, total, done):
         if size != before:
             print(f"run: {size * 100 // total:3d} %  {size >> 20:3d} of {total >> 20} MB  "
                   f"{speed / 1048576:5.1f} MB/s  {left}", flush=True)
+        if before * 2 < total <= size * 2:
+            at_half()
         before, tick = size, now
 
 
@@ -41,15 +44,14 @@ def install(stage, launcher, archive):
     partial = launcher.folder / "vynen_2.1.0.7z.tmp"
     finished = launcher.folder / "vynen_2.1.0.7z"
     deadline = time.monotonic() + 120
-    show_progress(partial, archive.stat().st_size,
-                  lambda: finished.exists() or time.monotonic() > deadline)
-    stage.display.screenshot(ROOT / "build/screenshots/downloading.png")
+    show_progress(partial, archive.stat().st_size, lambda: finished.exists() or time.monotonic() > deadline,
+                  lambda: stage.display.screenshot(ROOT / "build/screenshots/downloading.png"))
     if not finished.exists():
         raise StageError("the download did not end in two minutes")
     print("run: 100 %, installing", flush=True)
     launcher.wait_log("start run repair", 120)
     stage.display.screenshot(ROOT / "build/screenshots/installing.png")
-    launcher.wait_log("driverconfig.exe", 120)
+    launcher.wait_log("\\driverconfig.exe]", 120)
 
 
 def main():

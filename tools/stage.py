@@ -115,9 +115,22 @@ class Wine:
         shutil.rmtree(self.prefix, ignore_errors=True)
         self.call("wineboot", "-i")
         self.server("-w")
+        self.call("winecfg", "-v", "win10")
         self.call("regedit", "/S", str(ROOT / "tools/wine.reg"))
         self.kill()
         (self.prefix / ".done").touch()
+
+    def start_shell(self):
+        """The desktop's shell, under the path that it has on Windows: the game is started
+        with its rights. Wine starts one of its own from another folder while it boots; each
+        goes a moment after the last program that could show a window."""
+        shell = r"C:\windows\explorer.exe"
+        if shell.lower() in self.command_lines():
+            return
+        self.call("cmd", "/c", "ver")  # boots
+        wait_for(lambda: "explorer.exe" not in self.processes(), 30, "the end of Wine's own shell")
+        self.start(shell, "/desktop")
+        wait_for(lambda: shell.lower() in self.command_lines(), 10, "the desktop's shell")
 
     def server(self, option):
         subprocess.run(["wineserver", option], env=self.environment,
@@ -139,18 +152,23 @@ class Wine:
         process = self.start(program, *arguments, stdout=subprocess.PIPE, text=True, errors="replace")
         return process.communicate()[0], process.returncode
 
-    def processes(self):
-        """Lower-case program names of all running Windows programs of this prefix."""
-        names = []
+    def command_lines(self):
+        """Lower-case paths of all running Windows programs of this prefix, as they were
+        started."""
+        paths = []
         for entry in pathlib.Path("/proc").glob("[0-9]*"):
             try:
                 environment = (entry / "environ").read_bytes()
-                line = (entry / "cmdline").read_bytes().split(b"\0")[0].decode(errors="replace")
+                path = (entry / "cmdline").read_bytes().split(b"\0")[0].decode(errors="replace")
             except OSError:
                 continue
-            if f"WINEPREFIX={self.prefix}\0".encode() in environment and line.lower().endswith(".exe"):
-                names.append(re.split(r"[\\/]", line)[-1].lower())
-        return names
+            if f"WINEPREFIX={self.prefix}\0".encode() in environment and path.lower().endswith(".exe"):
+                paths.append(path.lower())
+        return paths
+
+    def processes(self):
+        """The same as names alone."""
+        return [re.split(r"[\\/]", path)[-1] for path in self.command_lines()]
 
 
 class Publisher:
@@ -161,6 +179,7 @@ class Publisher:
         self.address = f"http://127.0.0.1:{PORT}"
         shutil.rmtree(folder, ignore_errors=True)
         (folder / "vyn").mkdir(parents=True)
+        wine.start_shell()
         self.process = wine.start(BIN / "publisher.exe", windows_path(folder), "--port", PORT,
                                   stdout=subprocess.PIPE, text=True)
         line = self.process.stdout.readline()

@@ -75,8 +75,8 @@ void QzHubUpdateModel::_threadProcCheckVersion(bool silent) {
     Update update;
     if (kind != UpdateKind::None)
         update = {document.url, document.content, document.strVer, kind == UpdateKind::Forced};
+    checking = false; // before the result is out: whoever gets it may check again at once
     postCheckResult(update);
-    checking = false;
 }
 
 bool QzHubUpdateModel::fetchDocument(std::string& body) {

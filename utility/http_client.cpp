@@ -127,6 +127,8 @@ bool CHttpClient::readBody(HINTERNET request, std::optional<uint64_t> announced)
     auto buffer = std::make_unique<char[]>(BlockSize);
     uint64_t received = 0;
     for (;;) {
+        if (!isOpen()) // then request may already name another client's
+            return false;
         DWORD length = 0;
         if (!InternetReadFile(request, buffer.get(), BlockSize, &length)) {
             common::log("utility::CHttpClient::request", __LINE__, L"read error %d after %I64u bytes",
@@ -165,6 +167,11 @@ void CHttpClient::closeRequest(CHttpConnection& connection) {
 void CHttpClient::close() {
     std::scoped_lock guard(lock);
     hInternet.reset();
+}
+
+bool CHttpClient::isOpen() {
+    std::scoped_lock guard(lock);
+    return static_cast<bool>(hInternet);
 }
 
 bool CHttpClient::fail(HttpStep step, uint32_t systemError) {

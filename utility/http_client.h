@@ -85,6 +85,7 @@ private:
     bool sendRequest(CHttpConnection& connection);
     bool receive(HINTERNET request);
     bool readBody(HINTERNET request, std::optional<uint64_t> announced);
+    bool isOpen();
     void closeRequest(CHttpConnection& connection);
     bool fail(HttpStep step, uint32_t systemError);
     std::wstring buildHeaderText();

@@ -1,0 +1,124 @@
+#include "tests/utility/support.h"
+
+#include "utility/files.h"
+#include "utility/handles.h"
+#include "utility/process.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace utility::process;
+using utility::KernelHandle;
+
+class ProcessTest : public testing::Test {
+protected:
+    bool logged(const std::wstring& start) {
+        for (const std::wstring& line : log.take())
+            if (line.starts_with(start))
+                return true;
+        return false;
+    }
+
+    // What a child leaves behind when it ran with its arguments whole.
+    std::wstring touch(const std::wstring& name, int exitCode) {
+        return L"touch \"" + folder.path + name + L"\" " + std::to_wstring(exitCode);
+    }
+
+    test::LogRecorder log;
+    test::TempFolder folder;
+    const std::wstring child = test::childProgram();
+};
+
+TEST_F(ProcessTest, ExecuteTellsTheExitCode) {
+    EXPECT_TRUE(execute(child, touch(L"a b", 0), false, 20000));
+    EXPECT_TRUE(utility::ufile::isExist(folder.path + L"a b"));
+    EXPECT_TRUE(logged(L"execute exitcode = 0 lastError = "));
+    EXPECT_FALSE(execute(child, L"exit 3", false, 20000));
+    EXPECT_TRUE(logged(L"execute exitcode = 3 lastError = "));
+    EXPECT_TRUE(execute(child, L"exit 3", false, 0)); // started is enough
+    EXPECT_FALSE(execute(folder.path + L"none.exe", L"", false, 20000));
+    const auto lines = log.take();
+    ASSERT_EQ(lines.size(), 4u);
+    EXPECT_EQ(lines[2], L"createProcess failed!!! lastError = 2");
+    EXPECT_EQ(lines[3], L"execute failed!!! last error = 2");
+}
+
+TEST_F(ProcessTest, AChildOutlivesItsTimeOut) {
+    DWORD id = 0;
+    const KernelHandle sleeper(create(child, L"sleep", false, &id));
+    ASSERT_TRUE(sleeper);
+    EXPECT_EQ(GetProcessId(sleeper.get()), id);
+    EXPECT_EQ(GetProcessPath(id), child);
+    EXPECT_EQ(WaitForSingleObject(sleeper.get(), 0), DWORD(WAIT_TIMEOUT));
+    TerminateProcess(sleeper.get(), 0);
+    EXPECT_FALSE(execute(child, L"sleep", false, 50));
+    EXPECT_TRUE(logged(L"execute timeout!!!"));
+}
+
+TEST_F(ProcessTest, ThePathOfAnUnknownProcessIsEmpty) {
+    EXPECT_EQ(GetProcessPath(0xFFFFFFF0), L"");
+    EXPECT_TRUE(log.take().empty());
+}
+
+TEST_F(ProcessTest, ShellStartsWithAndWithoutElevation) {
+    for (const bool runas : {false, true}) {
+        const std::wstring name = runas ? L"elevated" : L"plain";
+        EXPECT_TRUE(shell(child, touch(name, 0), runas, false));
+        EXPECT_TRUE(test::waitUntil([&] { return utility::ufile::isExist(folder.path + name); }));
+    }
+    EXPECT_TRUE(logged(L"shell filename = [" + child + L"], param = ["));
+    EXPECT_FALSE(shell(folder.path + L"none.exe", L"", false, false));
+    EXPECT_TRUE(logged(L"shellEx failed!!! lastError = "));
+}
+
+TEST_F(ProcessTest, ShellExWaitsForAnExitCodeOfZero) {
+    EXPECT_TRUE(shellEx(child, L"exit 0", true, false, 20000));
+    EXPECT_FALSE(shellEx(child, L"exit 3", false, false, 20000));
+    EXPECT_TRUE(logged(L"shellEx exitcode = 0"));
+    EXPECT_TRUE(shellEx(child, L"exit 3", false, false, 0));
+    EXPECT_FALSE(shellEx(folder.path + L"none.exe", L"", false, false, 20000));
+    EXPECT_TRUE(logged(L"shellEx failed!!! lastError = "));
+}
+
+// The desktop's shell in its own place. Wine starts one by itself, but from the system
+// folder, where Windows has none.
+class DesktopShell {
+public:
+    DesktopShell() : process(utility::process::create(path(), L"C:\\", false, &id)) {
+        EXPECT_TRUE(test::waitUntil([&] { return GetProcessPath(id) == path(); }));
+    }
+    ~DesktopShell() {
+        TerminateProcess(process.get(), 0);
+        WaitForSingleObject(process.get(), 5000);
+    }
+
+private:
+    static std::wstring path() {
+        wchar_t folder[MAX_PATH] = {};
+        GetWindowsDirectoryW(folder, MAX_PATH);
+        return std::wstring(folder) + L"\\explorer.exe";
+    }
+
+    DWORD id = 0;
+    const utility::KernelHandle process;
+};
+
+TEST_F(ProcessTest, CreateAsUserStartsWithTheRightsOfTheDesktopShell) {
+    const DesktopShell shell;
+    const std::wstring parameters = touch(L"a b", 3);
+    EXPECT_EQ(createAsUser(child, parameters.c_str(), true), 0); // the exit code is not looked at
+    EXPECT_TRUE(utility::ufile::isExist(folder.path + L"a b"));
+    EXPECT_EQ(createAsUser(folder.path + L"none.exe", L"", true), -1);
+}
+
+TEST_F(ProcessTest, CreateAsUserRefusesALineBeyondItsBufferSoThatShellTakesOver) {
+    const DesktopShell shell;
+    const std::wstring shortest = L"\"" + child + L"\" exit 0";
+    const std::wstring fits = L"exit 0" + std::wstring(259 - shortest.size(), L' ');
+    EXPECT_EQ(createAsUser(child, fits.c_str(), true), 0);
+    EXPECT_EQ(createAsUser(child, (fits + L" ").c_str(), true), -1);
+    EXPECT_TRUE(shellEx(child, fits + L" ", false, false, 20000));
+}
+
+} // namespace

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "utility/windows.h"
+
+#include <atomic>
+#include <chrono>
+#include <string>
+#include <vector>
+
+// What the tests of this folder share.
+
+namespace test {
+
+// Receives the log for the length of a test. Lines of an error that nobody took fail it.
+class LogRecorder {
+public:
+    LogRecorder();
+    ~LogRecorder();
+
+    std::vector<std::wstring> take(); // the lines since the last call, texts only
+};
+
+// A folder of its own below the temporary folder, gone with the object. The path has
+// blanks and letters outside any code page of the tests; it ends in a backslash.
+class TempFolder {
+public:
+    TempFolder();
+    ~TempFolder();
+
+    const std::wstring path;
+};
+
+std::string readFile(const std::wstring& path);
+void writeFile(const std::wstring& path, const std::string& bytes);
+
+std::wstring childProgram();
+
+// Counts the living ones; captured in a task it tells when the task is freed.
+class Counted {
+public:
+    Counted() { ++alive; }
+    Counted(const Counted&) { ++alive; }
+    ~Counted() { --alive; }
+    static inline std::atomic<int> alive = 0;
+};
+
+constexpr std::chrono::seconds Patience{20};
+
+// False when the condition did not come true in time.
+template <class Condition>
+bool waitUntil(Condition condition) {
+    const auto deadline = std::chrono::steady_clock::now() + Patience;
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > deadline)
+            return false;
+        Sleep(1);
+    }
+    return true;
+}
+
+// Runs the message loop until the condition holds.
+template <class Condition>
+bool pumpUntil(Condition condition) {
+    return waitUntil([&] {
+        MSG message;
+        while (!condition() && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+            DispatchMessageW(&message);
+        return condition();
+    });
+}
+
+} // namespace test

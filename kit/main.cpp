@@ -15,10 +15,11 @@ extern const Command markupCommand;
 extern const Command renderCommand;
 extern const Command serveCommand;
 extern const Command unpackCommand;
+extern const Command viewCommand;
 
 static const std::initializer_list<const Command*> commands = {
     &countsCommand, &fetchCommand, &layoutCommand, &markupCommand,
-    &renderCommand, &serveCommand, &unpackCommand,
+    &renderCommand, &serveCommand, &unpackCommand, &viewCommand,
 };
 
 static void printHelp(const Command& command, FILE* out) {

@@ -213,13 +213,17 @@ CControlUI* CDialogBuilder::createControl(const wchar_t* tag) {
 // The manager is lent to the control for as long as its attributes are read, so that
 // images and fonts resolve; it is attached for good with the finished tree.
 void CDialogBuilder::applyAttributes(CControlUI* control, CMarkupNode node, CPaintManagerUI* manager) {
+    const wchar_t* defaults = nullptr;
     if (manager) {
         control->SetManager(manager, nullptr, false);
-        if (const wchar_t* defaults = manager->GetDefaultAttributeList(node.GetName()))
+        defaults = manager->GetDefaultAttributeList(node.GetName());
+        if (defaults)
             control->ApplyAttributeList(defaults);
     }
     for (int i = 0; i < node.GetAttributeCount(); ++i)
         control->SetAttribute(node.GetAttributeName(i), node.GetAttributeValue(i));
+    if (callback)
+        callback->OnControlBuilt(*control, node, defaults);
     if (manager)
         control->SetManager(nullptr, nullptr, false);
 }

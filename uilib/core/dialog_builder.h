@@ -20,6 +20,10 @@ class IDialogBuilderCallback {
 public:
     virtual CControlUI* CreateControl(const wchar_t* tag) = 0; // a new control, or null
 
+    // For tools that show where a value comes from: the element that a control was made of,
+    // and the attributes that every control of its tag starts with, or null.
+    virtual void OnControlBuilt(CControlUI&, CMarkupNode&, const wchar_t*) {}
+
 protected:
     ~IDialogBuilderCallback() = default;
 };

@@ -10,6 +10,7 @@ namespace kit {
 // The table of all subcommands: each is an extern const Command of its own file.
 extern const Command countsCommand;
 extern const Command fetchCommand;
+extern const Command galleryCommand;
 extern const Command layoutCommand;
 extern const Command markupCommand;
 extern const Command renderCommand;
@@ -18,8 +19,8 @@ extern const Command unpackCommand;
 extern const Command viewCommand;
 
 static const std::initializer_list<const Command*> commands = {
-    &countsCommand, &fetchCommand, &layoutCommand, &markupCommand,
-    &renderCommand, &serveCommand, &unpackCommand, &viewCommand,
+    &countsCommand, &fetchCommand, &galleryCommand, &layoutCommand, &markupCommand,
+    &renderCommand, &serveCommand, &unpackCommand,  &viewCommand,
 };
 
 static void printHelp(const Command& command, FILE* out) {

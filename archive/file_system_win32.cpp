@@ -31,9 +31,10 @@ bool startsWith(const std::wstring& text, const wchar_t* head) {
 }
 
 // Junctions and symbolic links, but not the placeholders of cloud folders and
-// deduplicated files, which carry a reparse point as well.
+// deduplicated files, which carry a reparse point as well. Wine gives links no tag.
 bool isLink(DWORD attributes, DWORD reparseTag) {
-    return (attributes & FILE_ATTRIBUTE_REPARSE_POINT) && IsReparseTagNameSurrogate(reparseTag);
+    return (attributes & FILE_ATTRIBUTE_REPARSE_POINT) &&
+           (reparseTag == 0 || IsReparseTagNameSurrogate(reparseTag));
 }
 
 FolderState stateOfExisting(const std::wstring& path) {

@@ -17,10 +17,11 @@ struct KindRow {
     std::string_view help;
 };
 
-constexpr std::array<KindRow, 10> Kinds = {{
+constexpr std::array<KindRow, 11> Kinds = {{
     {"slow", FaultKind::Slow, Value::Number, "VALUE bytes a second"},
     {"cut", FaultKind::Cut, Value::Number, "closes after VALUE bytes of the body"},
     {"ignore-range", FaultKind::IgnoreRange, Value::None, "answers a range with the whole body"},
+    {"wrong-range", FaultKind::WrongRange, Value::Number, "begins a range VALUE bytes too early"},
     {"chunked", FaultKind::Chunked, Value::None, "sends chunks, without a length"},
     {"no-length", FaultKind::NoLength, Value::None, "ends the body by closing, without a length"},
     {"wrong-length", FaultKind::WrongLength, Value::Number, "announces VALUE bytes too many"},

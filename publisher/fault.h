@@ -15,6 +15,7 @@ enum class FaultKind {
     Slow,         // number: bytes a second
     Cut,          // number: bytes of the body after which the connection closes
     IgnoreRange,  // the whole body with status 200, whatever range was asked for
+    WrongRange,   // number: bytes by which the range sent begins too early
     Chunked,      // in chunks, without a length
     NoLength,     // ends with the connection, without a length
     WrongLength,  // number: bytes that are announced beyond those that come
@@ -36,7 +37,7 @@ struct FaultRule {
     Fault fault;
 };
 
-// kind: "slow", "cut", "ignore-range", "chunked", "no-length", "wrong-length", "status",
+// kind: "slow", "cut", "ignore-range", "wrong-range", "chunked", "no-length", "wrong-length", "status",
 // "redirect", "redirect-loop" or "hang". Nothing for an unknown kind, or for a value or
 // count that is no number where one is meant.
 std::optional<Fault> parseFault(std::string_view kind, std::string_view value, std::string_view times);

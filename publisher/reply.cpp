@@ -25,6 +25,12 @@ void applyRange(Reply& reply, uint64_t size, const RangeRequest& range) {
     reply.length = last < range.start ? 0 : last - range.start + 1;
 }
 
+void beginEarlier(Reply& reply, uint64_t bytes) {
+    uint64_t step = std::min(bytes, reply.first);
+    reply.first -= step;
+    reply.length += step;
+}
+
 bool replaceByStatus(Reply& reply, const std::string& path, const std::vector<Fault>& faults) {
     if (const Fault* fault = find(faults, FaultKind::Status)) {
         reply.status = static_cast<int>(fault->number);
@@ -66,6 +72,8 @@ Reply decideReply(const std::string& path, uint64_t size, const std::optional<Ra
     reply.length = size;
     if (range && !find(faults, FaultKind::IgnoreRange))
         applyRange(reply, size, *range);
+    if (const Fault* fault = find(faults, FaultKind::WrongRange); fault && reply.status == 206)
+        beginEarlier(reply, fault->number);
     spoilBody(reply, faults);
     return reply;
 }

@@ -44,6 +44,11 @@ bool Resource::read(uint64_t offset, char* buffer, size_t length) {
     return static_cast<size_t>(file.gcount()) == length;
 }
 
+bool isFolder(const std::string& path) {
+    std::error_code error;
+    return std::filesystem::is_directory(fromUtf8(path), error);
+}
+
 std::string contentTypeOf(const std::string& path) {
     using Row = std::pair<std::string_view, const char*>;
     static constexpr std::array<Row, 8> types = {{{".html", "text/html; charset=utf-8"},

@@ -30,6 +30,8 @@ private:
     uint64_t fileSize = 0;
 };
 
+bool isFolder(const std::string& path);
+
 // By the ending of path.
 std::string contentTypeOf(const std::string& path);
 

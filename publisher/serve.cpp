@@ -1,6 +1,7 @@
 #include "publisher/serve.h"
 
 #include "publisher/publisher.h"
+#include "publisher/resource.h"
 
 #include <charconv>
 #include <chrono>
@@ -76,6 +77,10 @@ int serve(const std::vector<std::string>& arguments) {
     if (!options) {
         std::fprintf(stderr, "usage: %s\n\n%s", ServeUsage, serveHelp().c_str());
         return 2;
+    }
+    if (!isFolder(options->folder)) {
+        std::fprintf(stderr, "serve: no folder %s\n", options->folder.c_str());
+        return 1;
     }
     Publisher server(options->folder);
     for (const FaultRule& rule : options->faults)

@@ -12,7 +12,7 @@ inline constexpr const char* ServeUsage = "DIR [--port=N] [--fault=PATH,KIND[,VA
 inline constexpr const char* ServeSummary = "serve the files of a folder, as a bad server if wanted";
 std::string serveHelp();
 
-// The exit code: 2 for wrong arguments, 1 if the port cannot be had; otherwise it does
+// The exit code: 2 for wrong arguments, 1 if folder or port cannot be had; otherwise it does
 // not return.
 int serve(const std::vector<std::string>& arguments);
 

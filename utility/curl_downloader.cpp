@@ -167,7 +167,7 @@ void emptyFile(HANDLE file) {
 bool settleResume(CURL* curl, CURLcode code, HANDLE file, uint64_t startSize) {
     long status = 0;
     curl_easy_getinfo(curl, CURLINFO_RESPONSE_CODE, &status);
-    bool rangesIgnored = code == CURLE_RANGE_ERROR && status == 200;
+    bool rangesIgnored = code == CURLE_RANGE_ERROR && (status == 200 || status == 206);
     // libcurl takes a refused range for a file that is complete already; that holds only
     // for this size.
     bool rangeRefused = code == CURLE_OK && status == 416 && sizeAtServer(curl) != startSize;

@@ -43,6 +43,17 @@ std::optional<uint64_t> queryContentLength(HINTERNET request) {
     return wcstoull(text, nullptr, 10);
 }
 
+// The first byte that a "Content-Range: bytes FIRST-LAST/SIZE" names.
+std::optional<uint64_t> queryRangeStart(HINTERNET request) {
+    wchar_t text[80] = {};
+    DWORD size = sizeof text;
+    unsigned long long first = 0;
+    if (!HttpQueryInfoW(request, HTTP_QUERY_CONTENT_RANGE, text, &size, nullptr) ||
+        swscanf(text, L"bytes %llu-", &first) != 1)
+        return std::nullopt;
+    return first;
+}
+
 } // namespace
 
 bool CHttpClient::open(const std::wstring& url, IHttpClientSink* newSink) {
@@ -115,12 +126,25 @@ bool CHttpClient::receive(HINTERNET request) {
     int status = 0;
     if (!queryStatus(request, status))
         return fail(ReadStatus, GetLastError());
+    if (status == HTTP_STATUS_PARTIAL_CONTENT && !isWantedRange(request))
+        return false;
     std::optional<uint64_t> announced = queryContentLength(request);
     uint32_t length =
         announced ? static_cast<uint32_t>(std::min<uint64_t>(*announced, UnknownLength)) : UnknownLength;
     if (sink && !sink->onHttpRecvHeader(length, status))
         return false;
     return readBody(request, announced);
+}
+
+// Bytes from another place than the one asked for would be put where they do not belong.
+bool CHttpClient::isWantedRange(HINTERNET request) {
+    auto wanted = headers.find(L"Range");
+    std::optional<uint64_t> start = queryRangeStart(request);
+    if (!start || wanted == headers.end() || wanted->second == L"bytes=" + std::to_wstring(*start) + L"-")
+        return true;
+    common::log("utility::CHttpClient::request", __LINE__, L"asked for %s, got bytes from %I64u",
+                wanted->second.c_str(), *start);
+    return false;
 }
 
 bool CHttpClient::readBody(HINTERNET request, std::optional<uint64_t> announced) {

@@ -84,6 +84,7 @@ private:
     bool openRequest(CHttpConnection& connection);
     bool sendRequest(CHttpConnection& connection);
     bool receive(HINTERNET request);
+    bool isWantedRange(HINTERNET request);
     bool readBody(HINTERNET request, std::optional<uint64_t> announced);
     bool isOpen();
     void closeRequest(CHttpConnection& connection);

@@ -70,7 +70,8 @@ void QzVyMainFrame::_threadDownloadPlayer(bool noData) {
         return;
     }
     common::postToWindowThread([this] { enterInstallPhase(); });
-    installPlayer(package);
+    if (!installPlayer(package))
+        return;
     flowState = Idle;
     common::postToWindowThread([this] { finishInstall(); });
 }
@@ -85,19 +86,27 @@ bool QzVyMainFrame::fetchPlayerPackage(const std::wstring& address, const std::w
     return download(Function, address, package, lastDownloaded);
 }
 
-void QzVyMainFrame::installPlayer(const std::wstring& package) {
-    process::execute(L"taskkill", L"/F /IM vynclient.exe", false, 3000);
-    process::execute(L"taskkill", L"/F /IM vynmulti.exe", false, 3000);
+// A stop is looked for between the steps, so that the worker ends by itself: one that is
+// ended by force in the middle of a system call may take a lock of the process with it.
+bool QzVyMainFrame::installPlayer(const std::wstring& package) {
+    for (const wchar_t* victim : {L"/F /IM vynclient.exe", L"/F /IM vynmulti.exe"}) {
+        if (stopFlag)
+            return false;
+        process::execute(L"taskkill", victim, false, 3000);
+    }
     const int result = archive::extractArchive(package, installDir, this);
     if (isBrokenPackage(result)) {
         // It would be taken for a good one at every try, and never install.
         common::log(Function, __LINE__, L"remove broken package %s", package.c_str());
         ufile::removeFile(package);
     }
+    if (stopFlag)
+        return false;
     common::log(Function, __LINE__, L"start run repair");
     repairPlayer();
     const int version = readVersionFile(installDir + L"playerversion");
     outdatedPackage = version < QzVyModel::instance().playerMinVersion ? package : std::wstring();
+    return !stopFlag;
 }
 
 void QzVyMainFrame::onResult(int result, const wchar_t* fileName) {

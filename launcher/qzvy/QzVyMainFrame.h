@@ -92,7 +92,7 @@ private:
     void reportCurlProgress(int percent, int downloaded, int total, uint32_t& lastDownloaded);
     bool onHttpDownload(const void* data, uint32_t length, uint32_t received, uint32_t total) override;
 
-    void installPlayer(const std::wstring& package);
+    bool installPlayer(const std::wstring& package); // false when the flow was stopped
     void repairPlayer();
     bool isContinue() override { return !stopFlag; }
     void onProgress(const wchar_t*, uint64_t, uint64_t, uint64_t, uint64_t) override {}

@@ -36,8 +36,11 @@ constexpr Victim KillList[] = {
 } // namespace
 
 void QzVyMainFrame::repairPlayer() {
-    for (const Victim& victim : KillList)
+    for (const Victim& victim : KillList) {
+        if (stopFlag)
+            return;
         process::execute(L"taskkill", victim.parameters, false, victim.timeoutMs);
+    }
     process::shellEx(installDir + L"vynrepairer.exe", L"", true, false, RepairTime);
     process::execute(installDir + L"driverconfig.exe", L"", false, 0);
 }

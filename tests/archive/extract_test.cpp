@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #ifdef _WIN32
+#include "kit/process_counts.h"
 #include "utility/handles.h"
 #else
 #include <csignal>
@@ -99,6 +100,28 @@ TEST(Extract, pathsLongerThanTheOldLimitWork) {
 }
 
 #ifdef _WIN32
+TEST(Extract, noHandleStaysOpenWhateverTheEnd) {
+    TempFolder temp;
+    auto unpackAll = [&] {
+        Recorder recorder;
+        extract(treeArchive("between.7z"), temp / "out", recorder);
+        extract(archives("refused") / "climbs.7z", temp / "out", recorder);
+        for (const auto& [name, path] : archivesOf("faults"))
+            extract(path, temp / "out", recorder);
+        recorder.stopAfter = 100;
+        extract(treeArchive("x86.7z"), temp / "out", recorder);
+    };
+    kit::ProcessCounts before, after;
+    unpackAll();
+    ASSERT_TRUE(kit::readProcessCounts(GetCurrentProcessId(), before)); // the first look opens handles itself
+    ASSERT_TRUE(kit::readProcessCounts(GetCurrentProcessId(), before));
+    for (int i = 0; i < 20; ++i)
+        unpackAll();
+    ASSERT_TRUE(kit::readProcessCounts(GetCurrentProcessId(), after));
+    EXPECT_GT(before.handles, 0u);
+    EXPECT_EQ(after.handles, before.handles);
+}
+
 TEST(Extract, aFileInUseStopsIt) {
     TempFolder temp;
     writeFile(temp / "good.txt", "mine");

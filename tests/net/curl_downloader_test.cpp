@@ -102,11 +102,14 @@ TEST_F(CurlDownloader, bytesThatCannotBeContinuedGo) {
     EXPECT_TRUE(fetch());
     EXPECT_TRUE(held() == body);
 
-    leave(body.substr(0, 1000));
-    spoil("ignore-range");
-    EXPECT_FALSE(fetch());
-    EXPECT_TRUE(fetch());
-    EXPECT_TRUE(held() == body);
+    for (const char* rule : {"ignore-range,,1", "wrong-range,10,1"}) {
+        leave(body.substr(0, 1000));
+        spoil(rule);
+        EXPECT_FALSE(fetch());
+        EXPECT_EQ(held(), "") << rule;
+        EXPECT_TRUE(fetch());
+        EXPECT_TRUE(held() == body) << rule;
+    }
 }
 
 TEST_F(CurlDownloader, anErrorStatusDoesNotCostThePartialFile) {

@@ -94,6 +94,14 @@ TEST_F(HttpDownloader, aServerWithoutRangesStartsTheFileAnew) {
     EXPECT_EQ(probe.lastTotal, body.size());
 }
 
+TEST_F(HttpDownloader, bytesFromAnotherPlaceAreRefused) {
+    leavePartial(1000);
+    spoil("wrong-range,10");
+    EXPECT_FALSE(fetch(true));
+    EXPECT_TRUE(readFile(path()) == body.substr(0, 1000));
+    EXPECT_EQ(logged(L"asked for bytes=1000-, got bytes from 990"), 1);
+}
+
 TEST_F(HttpDownloader, aPartialFileThatIsTooLongStaysForTheOtherClient) {
     writeFile(path(), body + "more");
     EXPECT_FALSE(fetch(true));

@@ -34,9 +34,10 @@ TEST(UpdateDocument, hostileBodiesGiveNothing) {
     std::string deepObjects = R"({"ver":10100)";
     for (int level = 0; level < 200000; ++level)
         deepObjects += R"(,"a":{"a":1)";
-    for (const std::string& body :
-         {std::string(), std::string("[]"), std::string("null"), std::string(R"({"ver":10100)"),
-          std::string("\0{}", 3), deep, deepObjects})
+    std::string large = R"({"ver":10100,"content":")" + std::string(5000000, 'x') + "\"}";
+    std::string notClosed = R"({"ver":10100)";
+    for (const std::string& body : {std::string(), std::string("[]"), std::string("null"), notClosed,
+                                    std::string("\0{}", 3), deep, deepObjects, large})
         EXPECT_EQ(parseUpdateDocument(body, "en").ver, 0) << body.substr(0, 20);
 }
 

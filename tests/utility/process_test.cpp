@@ -81,27 +81,33 @@ TEST_F(ProcessTest, ShellExWaitsForAnExitCodeOfZero) {
     EXPECT_TRUE(logged(L"shellEx failed!!! lastError = "));
 }
 
-// The desktop's shell in its own place. Wine starts one by itself, but from the system
-// folder, where Windows has none.
+// A program in the place of the desktop's shell. Wine runs its own from the system folder,
+// also when the one in the Windows folder is asked for, unless that is a foreign program.
 class DesktopShell {
 public:
-    DesktopShell() : process(utility::process::create(path(), L"C:\\", false, &id)) {
-        EXPECT_TRUE(test::waitUntil([&] { return GetProcessPath(id) == path(); }));
+    DesktopShell() {
+        // There already when an earlier run was killed in the middle.
+        EXPECT_TRUE(utility::ufile::isExist(aside) || MoveFileW(path.c_str(), aside.c_str()));
+        EXPECT_TRUE(CopyFileW(test::childProgram().c_str(), path.c_str(), FALSE));
+        process.reset(utility::process::create(path, L"sleep", false));
+        EXPECT_TRUE(process);
     }
     ~DesktopShell() {
         TerminateProcess(process.get(), 0);
         WaitForSingleObject(process.get(), 5000);
+        EXPECT_TRUE(MoveFileExW(aside.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING));
     }
 
 private:
-    static std::wstring path() {
+    static std::wstring inWindowsFolder(const wchar_t* name) {
         wchar_t folder[MAX_PATH] = {};
         GetWindowsDirectoryW(folder, MAX_PATH);
-        return std::wstring(folder) + L"\\explorer.exe";
+        return std::wstring(folder) + name;
     }
 
-    DWORD id = 0;
-    const utility::KernelHandle process;
+    const std::wstring path = inWindowsFolder(L"\\explorer.exe");
+    const std::wstring aside = inWindowsFolder(L"\\explorer.exe.aside");
+    KernelHandle process;
 };
 
 TEST_F(ProcessTest, CreateAsUserStartsWithTheRightsOfTheDesktopShell) {

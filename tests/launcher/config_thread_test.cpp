@@ -1,0 +1,117 @@
+#include "launcher/qzvy/QzVyModel.h"
+#include "shell/QzVySetupImpl.h"
+#include "support.h"
+
+#include <thread>
+
+using publisher::FaultKind;
+
+namespace {
+
+constexpr char Document[] = "/vyn/config_sea.data";
+
+class ConfigThread : public launcher_test::Stage {
+protected:
+    void SetUp() override {
+        Stage::SetUp();
+        QzVySetupImpl::instance().configversion = 1000;
+        model.onVersionReady = [this] { ++versions; };
+        model.onBackgroundReady = [this] { ++backgrounds; };
+    }
+    void TearDown() override {
+        DeleteFileW(at(L"config.data").c_str());
+        Stage::TearDown();
+    }
+
+    // The thread from its start to its end, with its tasks delivered.
+    void run() {
+        std::thread thread([this] { model._threadConfig(); });
+        thread.join();
+        drained = false;
+        common::postToWindowThread([this] { drained = true; });
+        ASSERT_TRUE(pumpUntil([this] { return drained; }));
+    }
+
+    void publishImages(int version) {
+        server.publish(Document, "{\"version\":" + std::to_string(version) + ",\"launch_bg\":\"" +
+                                     server.url("/1.jpg") + "\",\"player_bg\":\"" + server.url("/2.jpg") +
+                                     "\"}");
+    }
+
+    QzVyModel model;
+    int versions = 0;
+    int backgrounds = 0;
+    bool drained = false;
+};
+
+TEST_F(ConfigThread, BringsLimitsAndAddresses) {
+    server.publish(Document, R"({"appminversion":5210,"apkurl":"http://a","playerurl":"http://p"})");
+    EXPECT_EQ(model.getApkUrl(), L"");
+    run();
+    EXPECT_EQ(model.appMinVersion, 5210);
+    EXPECT_EQ(model.playerMinVersion, 0);
+    EXPECT_EQ(model.getApkUrl(), L"http://a");
+    EXPECT_EQ(model.getPlayerUrl(), L"http://p");
+    EXPECT_EQ(versions, 1);
+    EXPECT_EQ(backgrounds, 0);
+    EXPECT_EQ(logged(L"local config version 1000 current:1000"), 1);
+}
+
+TEST_F(ConfigThread, TriesTwiceAndLeavesTheLimits) {
+    server.publish(Document, R"({"appminversion":5210})");
+    addFault(Document, FaultKind::Cut, 3, 1);
+    run();
+    EXPECT_EQ(model.appMinVersion, 5210);
+    EXPECT_EQ(requests(Document), 2);
+
+    addFault(Document, FaultKind::Cut, 3);
+    QzVyModel other;
+    other._threadConfig();
+    EXPECT_EQ(requests(Document), 4);
+    EXPECT_EQ(other.appMinVersion, 0);
+    EXPECT_EQ(logged(L"not a object"), 1);
+}
+
+TEST_F(ConfigThread, JunkEndsInOneLogLine) {
+    server.publish(Document, std::string("\0{[\xff", 4));
+    run();
+    EXPECT_EQ(logged(L"not a object"), 1);
+    EXPECT_EQ(versions, 0);
+}
+
+TEST_F(ConfigThread, StoresNewImagesAndTheirVersion) {
+    write(L"data\\launch_bg.jpg", "old");
+    write(L"data\\player_bg.jpg.tmp", "rest of another image");
+    publishImages(1001);
+    server.publish("/1.jpg", "one");
+    server.publish("/2.jpg", "two");
+    run();
+    EXPECT_EQ(read(L"data\\launch_bg.jpg"), "one");
+    EXPECT_EQ(read(L"data\\player_bg.jpg"), "two");
+    EXPECT_NE(read(L"config.data").find("configversion=1001"), std::string::npos);
+    EXPECT_EQ(backgrounds, 1);
+
+    run(); // the same version again
+    EXPECT_EQ(requests("/1.jpg"), 1);
+}
+
+TEST_F(ConfigThread, AnImageThatFailsLeavesTheOldOne) {
+    write(L"data\\launch_bg.jpg", "old");
+    publishImages(1001);
+    server.publish("/1.jpg", "one and more");
+    addFault("/1.jpg", FaultKind::Cut, 3);
+    server.publish("/2.jpg", "two");
+    addFault("/2.jpg", FaultKind::Cut, 1, 1);
+    run();
+    EXPECT_EQ(read(L"data\\launch_bg.jpg"), "old");
+    EXPECT_EQ(QzVySetupImpl::instance().configversion, 1000);
+    EXPECT_EQ(backgrounds, 0);
+
+    run(); // now one of the two arrives
+    EXPECT_EQ(read(L"data\\launch_bg.jpg"), "old");
+    EXPECT_EQ(read(L"data\\player_bg.jpg"), "two");
+    EXPECT_EQ(QzVySetupImpl::instance().configversion, 1001);
+    EXPECT_EQ(backgrounds, 1);
+}
+
+} // namespace

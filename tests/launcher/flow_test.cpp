@@ -1,0 +1,202 @@
+// The flows behind the start button and the pause button, run without a window against a
+// publisher: what is fetched, what is kept, and from which state the user goes on.
+
+#include "launcher/qzvy/QzVyModel.h"
+#include "support.h"
+
+#include <algorithm>
+
+using launcher_test::someBytes;
+using publisher::FaultKind;
+
+namespace {
+
+constexpr wchar_t Package[] = L"vynen_3.1.7z";
+constexpr wchar_t Partial[] = L"vynen_3.1.7z.tmp";
+constexpr char PackagePath[] = "/player.7z";
+
+class Flow : public launcher_test::Stage {
+protected:
+    void SetUp() override {
+        Stage::SetUp();
+        model().setPathDir(at(L"my 게임\\"));
+        model().appMinVersion = 0;
+        model().playerMinVersion = 0;
+        server.publish("/vyn/qzvyn",
+                       R"({"sea":{"url":")" + server.url(PackagePath) + R"(","vershow":"3.1"}})");
+    }
+    void TearDown() override {
+        frame.resetAfterPathChange(); // stops what still runs
+        bool drained = false;
+        common::postToWindowThread([&] { drained = true; });
+        pumpUntil([&] { return drained; });
+        Stage::TearDown();
+    }
+
+    static QzVyModel& model() { return QzVyModel::instance(); }
+    void clickStart() { buttons.onStartBtnClicked(); }
+    void clickPause() { buttons.onPauseBtnClicked(); }
+
+    // The folder tells it, also while the file is open.
+    static size_t sizeOfPartial() {
+        WIN32_FILE_ATTRIBUTE_DATA data = {};
+        GetFileAttributesExW(at(Partial).c_str(), GetFileExInfoStandard, &data);
+        return data.nFileSizeLow;
+    }
+    bool pumpUntilPartial(size_t bytes) {
+        return pumpUntil([=] { return sizeOfPartial() >= bytes; });
+    }
+    bool pumpUntilInstalled() {
+        return pumpUntilLogged(L"driverconfig.exe], param") && pumpUntilLogged(L"no player");
+    }
+    static bool pumpUntilThere(const wchar_t* package) {
+        return pumpUntil([=] { return exists(package); });
+    }
+    bool wasAskedFrom(size_t offset) const {
+        const std::string range = "bytes=" + std::to_string(offset) + "-";
+        return std::ranges::any_of(server.requests(), [&](const auto& request) {
+            return request.path == PackagePath && request.range == range;
+        });
+    }
+
+    QzVyMainFrame frame;
+    MainFrameEvents& buttons = frame;
+};
+
+TEST_F(Flow, PackageIsDownloadedUnpackedAndKept) {
+    server.publish(PackagePath, read(L"skin.7z"));
+    clickStart();
+    ASSERT_TRUE(pumpUntilInstalled());
+    EXPECT_EQ(read(L"my 게임\\multi_language.tsv"), read(L"multi_language.tsv"));
+    EXPECT_EQ(read(Package), read(L"skin.7z"));
+    EXPECT_FALSE(exists(Partial));
+    EXPECT_EQ(logged(L"ie download file sucess"), 1);
+    EXPECT_EQ(logged(L"result:0 file:multi_language.tsv"), 1);
+
+    // The next time it is used as it is.
+    clickStart();
+    ASSERT_TRUE(pumpUntilLogged(L"result:0", 2));
+    EXPECT_EQ(requests(PackagePath), 1);
+}
+
+TEST_F(Flow, PausedDownloadGoesOnWhereItStopped) {
+    const std::string bytes = someBytes(2 << 20);
+    server.publish(PackagePath, bytes);
+    addFault(PackagePath, FaultKind::Slow, 1 << 20);
+    clickStart();
+    ASSERT_TRUE(pumpUntilPartial(100'000));
+    clickPause();
+    const size_t rest = sizeOfPartial();
+    EXPECT_LT(rest, bytes.size());
+    server.clearFaults();
+    clickPause();
+    ASSERT_TRUE(pumpUntilThere(Package));
+    EXPECT_TRUE(wasAskedFrom(rest)) << rest;
+    EXPECT_EQ(read(Package), bytes);
+}
+
+TEST_F(Flow, SecondClientFinishesWhatTheFirstBegan) {
+    const std::string bytes = read(L"skin.7z");
+    server.publish(PackagePath, bytes);
+    addFault(PackagePath, FaultKind::Cut, 1000, 2);
+    clickStart();
+    ASSERT_TRUE(pumpUntilThere(Package));
+    EXPECT_EQ(logged(L"curl download file sucess"), 1);
+    EXPECT_TRUE(wasAskedFrom(2000));
+    EXPECT_EQ(read(Package), bytes);
+}
+
+TEST_F(Flow, FailedDownloadIsTriedAgainByThePauseButton) {
+    server.publish(PackagePath, read(L"skin.7z"));
+    addFault(PackagePath, FaultKind::Cut, 0);
+    clickStart();
+    ASSERT_TRUE(pumpUntilLogged(L"no installer file"));
+    EXPECT_EQ(requests(PackagePath), 4);
+    server.clearFaults();
+    clickPause();
+    ASSERT_TRUE(pumpUntilThere(Package));
+    EXPECT_EQ(read(Package), read(L"skin.7z"));
+}
+
+// A server that answers with a page in place of the package: the page must not stand in
+// the way for ever.
+TEST_F(Flow, BrokenPackageIsFetchedAnew) {
+    server.publish(PackagePath, read(L"skin.7z"));
+    addFault(PackagePath, FaultKind::Status, 503);
+    clickStart();
+    ASSERT_TRUE(pumpUntilInstalled());
+    EXPECT_EQ(logged(L"remove broken package"), 1);
+    EXPECT_FALSE(exists(Package));
+    server.clearFaults();
+    clickStart();
+    ASSERT_TRUE(pumpUntilThere(Package));
+    EXPECT_EQ(read(Package), read(L"skin.7z"));
+}
+
+// The package on disk may be older than what the configuration asks for.
+TEST_F(Flow, PackageThatLeavesThePlayerTooOldIsNotUsedTwice) {
+    server.publish(PackagePath, read(L"skin.7z"));
+    write(Package, read(L"skin.7z"));
+    model().playerMinVersion = 2200;
+    clickStart();
+    ASSERT_TRUE(pumpUntilInstalled());
+    EXPECT_EQ(requests(PackagePath), 0);
+    clickStart();
+    EXPECT_TRUE(pumpUntil([this] { return requests(PackagePath) == 1; }));
+}
+
+TEST_F(Flow, ServerThatHangsDoesNotHoldTheWindow) {
+    server.publish(PackagePath, read(L"skin.7z"));
+    addFault(PackagePath, FaultKind::Hang);
+    clickStart();
+    ASSERT_TRUE(pumpUntil([this] { return requests(PackagePath) == 1; }));
+    const ULONGLONG before = GetTickCount64();
+    clickPause();
+    EXPECT_LT(GetTickCount64() - before, 3000u);
+    server.clearFaults();
+    clickPause();
+    ASSERT_TRUE(pumpUntilThere(Package));
+    EXPECT_EQ(read(Package), read(L"skin.7z"));
+}
+
+TEST_F(Flow, SecondFlowIsRefused) {
+    server.publish(PackagePath, read(L"skin.7z"));
+    addFault(PackagePath, FaultKind::Hang);
+    clickStart();
+    clickStart();
+    EXPECT_EQ(logged(L"error!"), 1);
+}
+
+TEST_F(Flow, DocumentThatCannotBeHadLeavesTheBuiltInPackage) {
+    addFault("/vyn/qzvyn", FaultKind::Cut, 2);
+    server.publish("/obj/lf-game-alisg/ga18/qzvyn_en.7z", read(L"skin.7z"));
+    clickStart();
+    ASSERT_TRUE(pumpUntilThere(L"vynen_1.0.7z"));
+    EXPECT_EQ(requests("/vyn/qzvyn"), 2);
+    EXPECT_EQ(read(L"vynen_1.0.7z"), read(L"skin.7z"));
+}
+
+TEST_F(Flow, GamePackageBeginsAnewAndIsHandedToTheClient) {
+    const std::string apk = someBytes(300'000);
+    server.publish("/game.apk", apk);
+    server.publish("/vyn/config_sea.data",
+                   R"({"appminversion":5210,"apkurl":")" + server.url("/game.apk") + "\"}");
+    model()._threadConfig();
+    write(L"my 게임\\vynclient.exe", "no program");
+    write(L"my 게임\\data\\appversion1000", "5000");
+    write(L"my 게임\\vyn_app_sea_5210.apk.tmp", "rest");
+    frame._checkGameAndAppVersion();
+    clickStart();
+    ASSERT_TRUE(
+        pumpUntilLogged(L"show=0|package=com.play.vysea|apk=" + at(L"my 게임\\vyn_app_sea_5210.apk")));
+    EXPECT_EQ(read(L"my 게임\\vyn_app_sea_5210.apk"), apk);
+    EXPECT_EQ(read(L"my 게임\\data\\appversion1000"), "5210");
+    EXPECT_EQ(requests("/game.apk"), 1);
+
+    // The flow runs on until the client reports; the state is then good.
+    frame.finishInstall();
+    clickStart();
+    EXPECT_EQ(logged(L"error!"), 0);
+}
+
+} // namespace

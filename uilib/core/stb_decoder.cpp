@@ -7,8 +7,9 @@ namespace {
 // Compressed data that unpacks to far more than its header tells of ends at this.
 thread_local size_t allocationLimit = 0;
 
+// Zeroed: a damaged file makes the decoder use tables that it never filled.
 void* limitedAllocate(size_t size) {
-    return size <= allocationLimit ? malloc(size) : nullptr;
+    return size <= allocationLimit ? calloc(size, 1) : nullptr;
 }
 
 void* limitedReallocate(void* old, size_t size) {

@@ -14,11 +14,12 @@ extern const Command layoutCommand;
 extern const Command markupCommand;
 extern const Command renderCommand;
 extern const Command serveCommand;
+extern const Command stringsCommand;
 extern const Command unpackCommand;
 
 static const std::initializer_list<const Command*> commands = {
-    &countsCommand, &fetchCommand, &layoutCommand, &markupCommand,
-    &renderCommand, &serveCommand, &unpackCommand,
+    &countsCommand, &fetchCommand, &layoutCommand,  &markupCommand,
+    &renderCommand, &serveCommand, &stringsCommand, &unpackCommand,
 };
 
 static void printHelp(const Command& command, FILE* out) {

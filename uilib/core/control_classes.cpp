@@ -1,10 +1,13 @@
 #include "uilib/core/control_classes.h"
 
 #include "uilib/controls/linear_layout.h"
+#include "uilib/controls/label.h"
 #include "uilib/controls/scroll_bar.h"
 #include "uilib/controls/tab_layout.h"
 
 #include "uilib/core/ui_string.h"
+
+#include <cwchar>
 
 namespace UILib {
 
@@ -15,9 +18,16 @@ CControlUI* make() {
     return new Control;
 }
 
+enum class TagCase { Any, Exact };
+
 struct ControlClass {
     const wchar_t* tag;
     CControlUI* (*create)();
+    TagCase tagCase = TagCase::Any;
+
+    bool isNamed(const wchar_t* name) const {
+        return tagCase == TagCase::Exact ? std::wcscmp(tag, name) == 0 : equalNoCase(tag, name);
+    }
 };
 
 constexpr ControlClass Classes[] = {
@@ -29,13 +39,14 @@ constexpr ControlClass Classes[] = {
     {L"HBox", make<CHorizontalLayoutUI>},
     {L"TabLayout", make<CTabLayoutUI>},
     {L"ScrollBar", make<CScrollBarUI>},
+    {L"Label", make<CLabelUI>},
 };
 
 } // namespace
 
 CControlUI* createControlOfTag(const wchar_t* tag) {
     for (const ControlClass& known : Classes)
-        if (equalNoCase(known.tag, tag))
+        if (known.isNamed(tag))
             return known.create();
     return nullptr;
 }

@@ -1,7 +1,7 @@
 #include "uilib/core/control_classes.h"
 
 #include "uilib/controls/linear_layout.h"
-#include "uilib/controls/label.h"
+#include "uilib/controls/option.h"
 #include "uilib/controls/scroll_bar.h"
 #include "uilib/controls/tab_layout.h"
 
@@ -40,6 +40,9 @@ constexpr ControlClass Classes[] = {
     {L"TabLayout", make<CTabLayoutUI>},
     {L"ScrollBar", make<CScrollBarUI>},
     {L"Label", make<CLabelUI>},
+    {L"Button", make<CButtonUI>},
+    {L"Option", make<COptionUI>},
+    {L"CheckBox", make<CCheckBoxUI>},
 };
 
 } // namespace

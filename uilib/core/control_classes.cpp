@@ -1,7 +1,9 @@
 #include "uilib/core/control_classes.h"
 
+#include "uilib/controls/gif_anim.h"
 #include "uilib/controls/linear_layout.h"
 #include "uilib/controls/option.h"
+#include "uilib/controls/progress.h"
 #include "uilib/controls/scroll_bar.h"
 #include "uilib/controls/tab_layout.h"
 
@@ -43,6 +45,8 @@ constexpr ControlClass Classes[] = {
     {L"Button", make<CButtonUI>},
     {L"Option", make<COptionUI>},
     {L"CheckBox", make<CCheckBoxUI>},
+    {L"Progress", make<CProgressUI>},
+    {L"GifAnim", make<CGifAnimUI>, TagCase::Exact},
 };
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "uilib/core/control_classes.h"
 
+#include "uilib/controls/edit.h"
 #include "uilib/controls/gif_anim.h"
 #include "uilib/controls/linear_layout.h"
 #include "uilib/controls/option.h"
@@ -47,6 +48,7 @@ constexpr ControlClass Classes[] = {
     {L"CheckBox", make<CCheckBoxUI>},
     {L"Progress", make<CProgressUI>},
     {L"GifAnim", make<CGifAnimUI>, TagCase::Exact},
+    {L"Edit", make<CEditUI>},
 };
 
 } // namespace

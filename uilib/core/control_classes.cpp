@@ -1,8 +1,10 @@
 #include "uilib/core/control_classes.h"
 
+#include "uilib/controls/combo.h"
 #include "uilib/controls/edit.h"
 #include "uilib/controls/gif_anim.h"
 #include "uilib/controls/linear_layout.h"
+#include "uilib/controls/list_element.h"
 #include "uilib/controls/option.h"
 #include "uilib/controls/progress.h"
 #include "uilib/controls/scroll_bar.h"
@@ -49,6 +51,8 @@ constexpr ControlClass Classes[] = {
     {L"Progress", make<CProgressUI>},
     {L"GifAnim", make<CGifAnimUI>, TagCase::Exact},
     {L"Edit", make<CEditUI>},
+    {L"Combo", make<CComboUI>},
+    {L"ListLabelElement", make<CListLabelElementUI>},
 };
 
 } // namespace

@@ -2,12 +2,20 @@
 
 #include "uilib/core/raster.h"
 
+#include <cstdint>
 #include <string>
+#include <vector>
+
+// Pictures as PNG files, for the workbench and the tests.
 
 namespace kit {
 
-// Writes premultiplied pixels as an opaque picture over the colours they carry. A failure
-// is told on the error output.
-bool writePng(const std::wstring& path, const UILib::Raster& picture);
+enum class Alpha {
+    Drop, // as a window shows the pixels: opaque
+    Keep,
+};
+
+std::vector<uint8_t> encodePng(const UILib::Raster& picture, Alpha alpha);
+bool writeFile(const std::wstring& path, const std::vector<uint8_t>& bytes);
 
 } // namespace kit

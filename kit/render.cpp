@@ -93,7 +93,11 @@ static int run(const Arguments& arguments) {
         return 1;
     document.root()->DoPaint(surface.context(), {0, 0, request.width, request.height}, nullptr);
     GdiFlush();
-    return writePng(request.out, surface.raster()) ? 0 : 1;
+    if (!writeFile(request.out, encodePng(surface.raster(), Alpha::Drop))) {
+        fprintf(stderr, "vynkit render: cannot write %s\n", toUtf8(request.out).c_str());
+        return 1;
+    }
+    return 0;
 }
 
 const Command renderCommand = {

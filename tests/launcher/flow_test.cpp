@@ -3,7 +3,8 @@
 
 #include "launcher/qzvy/QzVyModel.h"
 #include "support.h"
-#include "utility/encoding.h"
+
+#include <algorithm>
 
 using launcher_test::someBytes;
 using publisher::FaultKind;
@@ -51,12 +52,11 @@ protected:
     static bool pumpUntilThere(const wchar_t* package) {
         return pumpUntil([=] { return exists(package); });
     }
-    std::string lastRange() const {
-        std::string range;
-        for (const auto& request : server.requests())
-            if (request.path == PackagePath)
-                range = request.range;
-        return range;
+    bool wasAskedFrom(size_t offset) const {
+        const std::string range = "bytes=" + std::to_string(offset) + "-";
+        return std::ranges::any_of(server.requests(), [&](const auto& request) {
+            return request.path == PackagePath && request.range == range;
+        });
     }
 
     QzVyMainFrame frame;
@@ -91,7 +91,7 @@ TEST_F(Flow, PausedDownloadGoesOnWhereItStopped) {
     server.clearFaults();
     clickPause();
     ASSERT_TRUE(pumpUntilThere(Package));
-    EXPECT_EQ(lastRange(), "bytes=" + std::to_string(rest) + "-");
+    EXPECT_TRUE(wasAskedFrom(rest)) << rest;
     EXPECT_EQ(read(Package), bytes);
 }
 
@@ -102,7 +102,7 @@ TEST_F(Flow, SecondClientFinishesWhatTheFirstBegan) {
     clickStart();
     ASSERT_TRUE(pumpUntilThere(Package));
     EXPECT_EQ(logged(L"curl download file sucess"), 1);
-    EXPECT_EQ(lastRange(), "bytes=2000-");
+    EXPECT_TRUE(wasAskedFrom(2000));
     EXPECT_EQ(read(Package), bytes);
 }
 

@@ -1,4 +1,5 @@
 #include "uilib/controls/control.h"
+#include "uilib/core/attribute_list.h"
 #include "uilib/core/number_text.h"
 #include "uilib/core/paint_manager.h"
 #include "uilib/core/render_engine.h"
@@ -105,20 +106,9 @@ void CControlUI::SetAttribute(const wchar_t* attributeName, const wchar_t* value
 }
 
 void CControlUI::ApplyAttributeList(const wchar_t* list) {
-    for (const wchar_t* at = list; *at; ++at) {
-        const wchar_t* equals = std::wcschr(at, L'=');
-        if (!equals || equals[1] != L'"')
-            return;
-        const wchar_t* value = equals + 2;
-        const wchar_t* end = std::wcschr(value, L'"');
-        if (!end)
-            return;
-        SetAttribute(CUIString(at, static_cast<int>(equals - at)),
-                     CUIString(value, static_cast<int>(end - value)));
-        at = end + 1;
-        if (*at != L' ')
-            return;
-    }
+    std::wstring_view rest(list), attributeName, value;
+    while (takeAttribute(rest, attributeName, value))
+        SetAttribute(CUIString(attributeName), CUIString(value));
 }
 
 void CControlUI::AddCustomAttribute(const wchar_t* attributeName, const wchar_t* value) {

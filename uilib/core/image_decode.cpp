@@ -1,9 +1,10 @@
 #include "uilib/core/image_decode.h"
 
+#include "uilib/core/jpeg_check.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <limits>
-#include <string_view>
 
 namespace UILib {
 
@@ -48,24 +49,12 @@ namespace UILib {
 namespace {
 
 constexpr int FourChannels = 4;
-constexpr int MostJpegScans = 32; // each costs the time of a whole image, however short it is
 
 // The largest piece that an honest image of this size needs: eight bytes a pixel (16-bit
 // channels, coefficients of a JPEG), its blocks filled up, and its own bytes gathered.
 size_t largestAllocation(int64_t width, int64_t height, size_t fileSize) {
     const int64_t pixels = (width + 64) * (height + 64);
     return static_cast<size_t>(pixels * 8) + fileSize * 2 + (size_t{1} << 20);
-}
-
-bool hasTooManyScans(std::string_view bytes) {
-    constexpr std::string_view jpeg = "\xFF\xD8", startOfScan = "\xFF\xDA";
-    if (bytes.substr(0, jpeg.size()) != jpeg)
-        return false;
-    int scans = 0;
-    for (size_t at = bytes.find(startOfScan); at != bytes.npos; at = bytes.find(startOfScan, at + 2))
-        if (++scans > MostJpegScans)
-            return true;
-    return false;
 }
 
 bool isSound(int width, int height) {
@@ -81,7 +70,7 @@ void DecodedImage::Free::operator()(uint8_t* bytes) const {
 
 DecodedImage decodeImage(const void* bytes, size_t size) {
     if (size == 0 || size > static_cast<size_t>(std::numeric_limits<int>::max()) ||
-        hasTooManyScans({static_cast<const char*>(bytes), size}))
+        !isSafeForJpegDecoder({static_cast<const char*>(bytes), size}))
         return {};
     const auto* data = static_cast<const stbi_uc*>(bytes);
     const auto length = static_cast<int>(size);

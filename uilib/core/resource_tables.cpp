@@ -233,7 +233,8 @@ const wchar_t* ResourceTables::GetDefaultAttributeList(const wchar_t* tag) const
 }
 
 void ResourceTables::AddWindowCustomAttribute(const wchar_t* name, const wchar_t* value) {
-    customAttributes[name] = value;
+    if (name && *name && value && *value)
+        customAttributes.try_emplace(name, value); // the first value of a name stays
 }
 
 const wchar_t* ResourceTables::GetWindowCustomAttribute(const wchar_t* name) const {

@@ -1,6 +1,7 @@
 #include "uilib/core/image_decode.h"
 
 #include "kit/png.h"
+#include "uilib/core/jpeg_check.h"
 
 #include <gtest/gtest.h>
 
@@ -118,11 +119,28 @@ TEST(ImageDecode, shouldSurviveEveryTruncationAndManyDamages) {
     EXPECT_FALSE(decode(std::vector<uint8_t>(1000, 'x')));
 }
 
-TEST(ImageDecode, shouldRefuseAnEndlessSuccessionOfScans) {
-    std::vector<uint8_t> scans = {0xFF, 0xD8};
-    for (int i = 0; i < 40; ++i)
-        scans.insert(scans.end(), {0xFF, 0xDA, 0, 8, 1, 1, 0, 0, 63, 0});
-    EXPECT_FALSE(decode(scans));
+TEST(JpegCheck, shouldRefuseTooManyScansAndTooLargeTables) {
+    auto segment = [](char marker, const std::string& content) {
+        const size_t length = content.size() + 2;
+        return std::string{'\xFF', marker, static_cast<char>(length >> 8), static_cast<char>(length)} +
+               content;
+    };
+    const std::string start = "\xFF\xD8", scan = segment('\xDA', std::string(6, '\1'));
+    const std::string small = '\0' + std::string(16, '\x10') + std::string(256, '\0');
+    const std::string large = '\0' + std::string(15, '\x10') + '\x11' + std::string(257, '\0');
+    std::string scans = start;
+    for (int i = 0; i < 32; ++i)
+        scans += scan;
+    EXPECT_TRUE(isSafeForJpegDecoder(scans));
+    EXPECT_FALSE(isSafeForJpegDecoder(scans + scan));
+    EXPECT_TRUE(isSafeForJpegDecoder(start + segment('\xC4', small + small)));
+    EXPECT_FALSE(isSafeForJpegDecoder(start + segment('\xC4', small + large)));
+    EXPECT_FALSE(isSafeForJpegDecoder(start + scan + "entropy" + segment('\xC4', large)));
+    EXPECT_FALSE(isSafeForJpegDecoder(start + "padding\xFF" + segment('\xC4', large)));
+    EXPECT_TRUE(isSafeForJpegDecoder(start + segment('\xE1', segment('\xC4', large)))); // a thumbnail
+    EXPECT_FALSE(isSafeForJpegDecoder("\xFF" + start + segment('\xC4', large)));        // filled up in front
+    EXPECT_TRUE(isSafeForJpegDecoder("x" + segment('\xC4', large)));
+    EXPECT_TRUE(isSafeForJpegDecoder(start + "\xFF\xC4"));
 }
 
 TEST(ImageDecode, shouldPremultiplyAndMask) {

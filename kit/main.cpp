@@ -15,12 +15,13 @@ extern const Command layoutCommand;
 extern const Command markupCommand;
 extern const Command renderCommand;
 extern const Command serveCommand;
+extern const Command stringsCommand;
 extern const Command unpackCommand;
 extern const Command viewCommand;
 
 static const std::initializer_list<const Command*> commands = {
     &countsCommand, &fetchCommand, &galleryCommand, &layoutCommand, &markupCommand,
-    &renderCommand, &serveCommand, &unpackCommand,  &viewCommand,
+    &renderCommand, &serveCommand, &stringsCommand, &unpackCommand, &viewCommand,
 };
 
 static void printHelp(const Command& command, FILE* out) {

@@ -11,13 +11,19 @@ namespace kit {
 
 using UILib::CPaintManagerUI;
 
-std::wstring useSkinOf(const std::wstring& file, const std::wstring& languageCode) {
-    const std::filesystem::path path = std::filesystem::absolute(file);
+void useSkin(const std::wstring& skin, const std::wstring& languageCode) {
     CPaintManagerUI::SetInstance(GetModuleHandleW(nullptr));
     CPaintManagerUI::SetLanguageCode(languageCode, L"en_US");
-    CPaintManagerUI::SetResourcePath(path.parent_path().wstring());
+    CPaintManagerUI::SetResourcePath(std::filesystem::absolute(skin).wstring());
     CPaintManagerUI::LoadLanguageTable(L"multi_language.tsv");
-    return path.filename().wstring();
+}
+
+// The nearest folder above that has a language table, else the file's own.
+static std::filesystem::path skinFolderOf(const std::filesystem::path& file) {
+    for (auto folder = file.parent_path(); folder.has_relative_path(); folder = folder.parent_path())
+        if (std::filesystem::exists(folder / L"multi_language.tsv"))
+            return folder;
+    return file.parent_path();
 }
 
 void applyLanguageFont(CPaintManagerUI& manager) {
@@ -31,7 +37,13 @@ SkinDocument::~SkinDocument() {
 }
 
 bool SkinDocument::load(const std::wstring& file, const std::wstring& languageCode) {
-    const std::wstring name = useSkinOf(file, languageCode);
+    const std::filesystem::path path = std::filesystem::absolute(file), skin = skinFolderOf(path);
+    return loadFrom(skin.wstring(), path.lexically_relative(skin).wstring(), languageCode);
+}
+
+bool SkinDocument::loadFrom(const std::wstring& skin, const std::wstring& name,
+                            const std::wstring& languageCode) {
+    useSkin(skin, languageCode);
     if (!Create(HWND_MESSAGE, L"", 0, 0)) { // needs no display
         fprintf(stderr, "vynkit: no window\n");
         return false;

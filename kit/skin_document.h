@@ -9,9 +9,8 @@
 
 namespace kit {
 
-// Makes the folder of the file the skin folder, loads its language table, and gives the
-// name of the file in that folder.
-std::wstring useSkinOf(const std::wstring& file, const std::wstring& languageCode);
+// Makes a folder the skin folder and loads its language table.
+void useSkin(const std::wstring& skin, const std::wstring& languageCode);
 
 // The font of the chosen language, as every window of the launcher takes it.
 void applyLanguageFont(UILib::CPaintManagerUI& manager);
@@ -22,6 +21,8 @@ public:
 
     // False, with the reason on the error output, when there is no tree.
     bool load(const std::wstring& file, const std::wstring& languageCode);
+    // The same for a file below a skin folder, by its name in there.
+    bool loadFrom(const std::wstring& skin, const std::wstring& name, const std::wstring& languageCode);
     void layout(int width, int height);
     UILib::CPaintManagerUI& manager() { return paintManager; }
     UILib::CControlUI* root() { return paintManager.GetRoot(); }

@@ -44,7 +44,7 @@ enum FindFlags : unsigned {
     FindMeFirst = 0x80000000,
 };
 
-enum ControlFlags : unsigned { FlagTabStop = 1, FlagSetCursor = 2 };
+enum ControlFlags : unsigned { FlagTabStop = 1, FlagSetCursor = 2, FlagListItem = 4 };
 
 class CControlUI {
 public:

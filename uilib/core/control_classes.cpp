@@ -1,10 +1,18 @@
 #include "uilib/core/control_classes.h"
 
+#include "uilib/controls/combo.h"
+#include "uilib/controls/edit.h"
+#include "uilib/controls/gif_anim.h"
 #include "uilib/controls/linear_layout.h"
+#include "uilib/controls/list_element.h"
+#include "uilib/controls/option.h"
+#include "uilib/controls/progress.h"
 #include "uilib/controls/scroll_bar.h"
 #include "uilib/controls/tab_layout.h"
 
 #include "uilib/core/ui_string.h"
+
+#include <cwchar>
 
 namespace UILib {
 
@@ -15,9 +23,16 @@ CControlUI* make() {
     return new Control;
 }
 
+enum class TagCase { Any, Exact };
+
 struct ControlClass {
     const wchar_t* tag;
     CControlUI* (*create)();
+    TagCase tagCase = TagCase::Any;
+
+    bool isNamed(const wchar_t* name) const {
+        return tagCase == TagCase::Exact ? std::wcscmp(tag, name) == 0 : equalNoCase(tag, name);
+    }
 };
 
 constexpr ControlClass Classes[] = {
@@ -29,13 +44,22 @@ constexpr ControlClass Classes[] = {
     {L"HBox", make<CHorizontalLayoutUI>},
     {L"TabLayout", make<CTabLayoutUI>},
     {L"ScrollBar", make<CScrollBarUI>},
+    {L"Label", make<CLabelUI>},
+    {L"Button", make<CButtonUI>},
+    {L"Option", make<COptionUI>},
+    {L"CheckBox", make<CCheckBoxUI>},
+    {L"Progress", make<CProgressUI>},
+    {L"GifAnim", make<CGifAnimUI>, TagCase::Exact},
+    {L"Edit", make<CEditUI>},
+    {L"Combo", make<CComboUI>},
+    {L"ListLabelElement", make<CListLabelElementUI>},
 };
 
 } // namespace
 
 CControlUI* createControlOfTag(const wchar_t* tag) {
     for (const ControlClass& known : Classes)
-        if (equalNoCase(known.tag, tag))
+        if (known.isNamed(tag))
             return known.create();
     return nullptr;
 }

@@ -26,6 +26,12 @@ static std::filesystem::path skinFolderOf(const std::filesystem::path& file) {
     return file.parent_path();
 }
 
+std::wstring useSkinOf(const std::wstring& file, const std::wstring& languageCode) {
+    const std::filesystem::path path = std::filesystem::absolute(file), skin = skinFolderOf(path);
+    useSkin(skin.wstring(), languageCode);
+    return path.lexically_relative(skin).wstring();
+}
+
 void applyLanguageFont(CPaintManagerUI& manager) {
     if (const wchar_t* face = CPaintManagerUI::GetLanguageText(L"font_name"))
         manager.SetDefaultFontFamily(face);

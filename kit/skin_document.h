@@ -12,6 +12,10 @@ namespace kit {
 // Makes a folder the skin folder and loads its language table.
 void useSkin(const std::wstring& skin, const std::wstring& languageCode);
 
+// The same for the skin that a file belongs to: the nearest folder above it that has a
+// language table, else its own. Gives the name of the file in there.
+std::wstring useSkinOf(const std::wstring& file, const std::wstring& languageCode);
+
 // The font of the chosen language, as every window of the launcher takes it.
 void applyLanguageFont(UILib::CPaintManagerUI& manager);
 

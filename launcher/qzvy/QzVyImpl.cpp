@@ -143,7 +143,7 @@ void QzVyImpl::fitMainFrame() {
     MainFrameView& window = mainFrame->window();
     MONITORINFO monitor{};
     monitor.cbSize = sizeof(monitor);
-    GetMonitorInfoW(MonitorFromWindow(window.window(), MONITOR_DEFAULTTONEAREST), &monitor);
+    GetMonitorInfoW(MonitorFromWindow(window.GetHWND(), MONITOR_DEFAULTTONEAREST), &monitor);
     const int screenX = monitor.rcWork.right - monitor.rcWork.left;
     const int screenY = monitor.rcWork.bottom - monitor.rcWork.top;
     common::log("QzVyImpl::createMainFrame", __LINE__, L"screenX:%d screenY:%d", screenX, screenY);
@@ -159,6 +159,8 @@ void QzVyImpl::fitMainFrame() {
 void QzVyImpl::runMessageLoop() {
     MSG message;
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+        if (UILib::CPaintManagerUI::TranslateMessage(&message))
+            continue;
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }

@@ -8,15 +8,17 @@
 #include "update/QzHubUpdateModel.h"
 #include "utility/files.h"
 #include "utility/log.h"
+#include "utility/system.h"
 
 using namespace utility;
 using UILib::languageText;
 
 void QzVyMainFrame::InitWindow() {
     QzVyModel& model = QzVyModel::instance();
-    SetWindowTextW(view.window(), L"VYN");
-    view.setPathTitle(languageText("install_changepath"));
-    view.setInstallText(languageText("launcher_installing_player"));
+    SetWindowTextW(view.GetHWND(), L"VYN");
+    view.GetPaintManager().SetDefaultFontFamily(languageText("font_name"));
+    showSocialButtons();
+    view.setBackground(L"rightbgControl", L"vyn\\right_bg_" + model.market.shortCode + L".png");
     view.setInstallPath(model.getPathDir());
     model.onVersionReady = [this] { _checkGameAndAppVersion(); };
     model.onBackgroundReady = [this] { refreshBackground(); };
@@ -29,6 +31,20 @@ void QzVyMainFrame::InitWindow() {
     _checkGameAndAppVersion();
 }
 
+// Those that not every market has. What is no longer than that is no address.
+void QzVyMainFrame::showSocialButtons() {
+    constexpr size_t shortest = 10;
+    const auto hasAddress = [](const char* key) { return wcslen(languageText(key)) > shortest; };
+    view.setVisible(L"discordBtn", hasAddress("url_discord"));
+    view.setVisible(L"behemothBtn", hasAddress("url_Behemoth"));
+    view.setVisible(L"NBtn", hasAddress("url_N"));
+    view.setVisible(L"setupBtn", false); // there is no settings window yet
+}
+
+void QzVyMainFrame::onLink(const char* key) {
+    usystem::openUrl(languageText(key));
+}
+
 void QzVyMainFrame::onCloseBtnClicked() {
     if (QzVySetupImpl::instance().minbyclose)
         view.show(false);
@@ -37,7 +53,7 @@ void QzVyMainFrame::onCloseBtnClicked() {
 }
 
 void QzVyMainFrame::onBrowseInstallPath() {
-    if (const auto choice = browseForFolder(view.window(), QzVyModel::instance().getPathDir()))
+    if (const auto choice = browseForFolder(view.GetHWND(), QzVyModel::instance().getPathDir()))
         applyInstallPath(*choice);
 }
 
@@ -51,6 +67,9 @@ void QzVyMainFrame::applyInstallPath(const std::wstring& choice) {
 }
 
 void QzVyMainFrame::refreshBackground() {
+    const std::wstring background = ufile::getModuleDir() + L"data\\launch_bg.jpg";
+    if (ufile::isExist(background))
+        view.setBackground(L"launchBGControl", background);
     const std::wstring image = ufile::getModuleDir() + L"data\\player_bg.jpg";
     const std::wstring folder = QzVyModel::instance().getPathDir();
     if (ufile::isExist(image) && !folder.empty())

@@ -54,9 +54,11 @@ private:
     void onPauseBtnClicked() override;
     void onCloseBtnClicked() override;
     void onBrowseInstallPath() override;
+    void onLink(const char* key) override;
     void OnDestroy() override;
     void OnFinalMessage() override;
 
+    void showSocialButtons();
     void applyInstallPath(const std::wstring& path);
     void refreshBackground();
     void onUpdateResult(const std::wstring& version, const std::wstring& content, bool force);

@@ -60,5 +60,5 @@ void QzVyImpl::onHandleWindowIPC(UINT message, WPARAM, LPARAM) {
 
 void QzVyImpl::raiseMainFrame() {
     if (mainFrame)
-        usystem::bringToFront(mainFrame->window().window());
+        usystem::bringToFront(mainFrame->window().GetHWND());
 }

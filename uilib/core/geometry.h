@@ -8,6 +8,8 @@
 
 namespace UILib {
 
+enum class Direction { Horizontal, Vertical };
+
 struct Box {
     int left = 0, top = 0, right = 0, bottom = 0;
 

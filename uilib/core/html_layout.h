@@ -82,7 +82,6 @@ struct HtmlDefaults {
 struct HtmlRun {
     int x = 0;
     int y = 0;
-    int width = 0;
     std::wstring_view text;
     int font = 0;
     uint32_t color = 0;

@@ -44,7 +44,7 @@ HtmlFont parseFont(Text attribute) {
     font.faceName = takeWord(attribute);
     for (Text word = takeWord(attribute); !word.empty(); word = takeWord(attribute)) {
         if (isNumber(word))
-            font.size = std::min(readCoordinate(word), 1000);
+            font.size = readCoordinate(word);
         else if (equalAnyCase(word, L"bold"))
             font.bold = true;
         else if (equalAnyCase(word, L"underline"))

@@ -136,7 +136,6 @@ void HtmlTypesetter::put(Text text) {
     const HtmlDevice::Metrics metrics = device.metrics(font);
     HtmlRun run;
     run.x = pen;
-    run.width = device.width(font, text);
     run.text = text;
     run.font = font;
     run.color = colors.back().argb;
@@ -145,7 +144,7 @@ void HtmlTypesetter::put(Text text) {
     run.linkName = linkName;
     items.push_back({false, layout.runs.size(), metrics.height, aligns.back()});
     layout.runs.push_back(run);
-    pen += run.width;
+    pen += device.width(font, text);
     tallest = std::max(tallest, fontHeight());
     lastCharacter = text.back();
 }

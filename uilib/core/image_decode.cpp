@@ -1,94 +1,52 @@
 #include "uilib/core/image_decode.h"
 
 #include "uilib/core/jpeg_check.h"
+#include "uilib/core/stb_decoder.h"
 
-#include <algorithm>
-#include <cstdlib>
 #include <limits>
+#include <string_view>
 
 namespace UILib {
 
 namespace {
 
-// The most that the decoder may take in one piece while it works on one image. Compressed
-// data that unpacks to far more than its header tells of ends there.
-thread_local size_t allocationLimit = 0;
-
-void* limitedAllocate(size_t size) {
-    return size <= allocationLimit ? malloc(size) : nullptr;
-}
-
-void* limitedReallocate(void* old, size_t size) {
-    return size <= allocationLimit ? realloc(old, size) : nullptr;
-}
-
-} // namespace
-
-} // namespace UILib
-
-#define STB_IMAGE_IMPLEMENTATION
-#define STB_IMAGE_STATIC
-#define STBI_ONLY_PNG
-#define STBI_ONLY_JPEG
-#define STBI_ONLY_BMP
-#define STBI_ONLY_GIF
-#define STBI_NO_STDIO
-#define STBI_NO_FAILURE_STRINGS
-#define STBI_ASSERT(condition) static_cast<void>(condition)
-#define STBI_MAX_DIMENSIONS UILib::ImageSideLimit
-#define STBI_MALLOC(size) UILib::limitedAllocate(size)
-#define STBI_REALLOC(old, size) UILib::limitedReallocate(old, size)
-#define STBI_FREE(old) free(old)
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wunused-function"
-#include <stb/stb_image.h>
-#pragma GCC diagnostic pop
-
-namespace UILib {
-
-namespace {
-
-constexpr int FourChannels = 4;
+constexpr size_t FileSizeLimit = std::numeric_limits<int>::max();
 
 // The largest piece that an honest image of this size needs: eight bytes a pixel (16-bit
 // channels, coefficients of a JPEG), its blocks filled up, and its own bytes gathered.
-size_t largestAllocation(int64_t width, int64_t height, size_t fileSize) {
-    const int64_t pixels = (width + 64) * (height + 64);
+size_t largestAllocation(stb::Size size, size_t fileSize) {
+    const int64_t pixels = (int64_t{size.width} + 64) * (size.height + 64);
     return static_cast<size_t>(pixels * 8) + fileSize * 2 + (size_t{1} << 20);
 }
 
-bool isSound(int width, int height) {
-    return width > 0 && height > 0 && width <= ImageSideLimit && height <= ImageSideLimit &&
-           int64_t{width} * height <= ImagePixelLimit;
+bool isSound(stb::Size size) {
+    return size.width > 0 && size.height > 0 && size.width <= ImageSideLimit &&
+           size.height <= ImageSideLimit && int64_t{size.width} * size.height <= ImagePixelLimit;
 }
 
 } // namespace
 
 void DecodedImage::Free::operator()(uint8_t* bytes) const {
-    stbi_image_free(bytes);
+    stb::release(bytes);
 }
 
-DecodedImage decodeImage(const void* bytes, size_t size) {
-    if (size == 0 || size > static_cast<size_t>(std::numeric_limits<int>::max()) ||
-        !isSafeForJpegDecoder({static_cast<const char*>(bytes), size}))
+DecodedImage decodeImage(const void* data, size_t length) {
+    const std::string_view bytes(static_cast<const char*>(data), length);
+    if (bytes.empty() || bytes.size() > FileSizeLimit || !isSafeForJpegDecoder(bytes))
         return {};
-    const auto* data = static_cast<const stbi_uc*>(bytes);
-    const auto length = static_cast<int>(size);
+    const stb::Size size = stb::readSize(bytes);
+    if (!isSound(size))
+        return {};
     DecodedImage image;
-    int channels = 0;
-    allocationLimit = largestAllocation(0, 0, size);
-    if (!stbi_info_from_memory(data, length, &image.width, &image.height, &channels) ||
-        !isSound(image.width, image.height))
-        return {};
-    allocationLimit = largestAllocation(image.width, image.height, size);
-    image.rgba.reset(
-        stbi_load_from_memory(data, length, &image.width, &image.height, &channels, FourChannels));
+    image.rgba.reset(stb::decode(bytes, largestAllocation(size, bytes.size())));
+    image.width = size.width;
+    image.height = size.height;
     return image;
 }
 
 bool premultiply(const uint8_t* rgba, size_t count, uint32_t* pixels, uint32_t mask) {
     bool alphaChannel = false;
-    for (size_t i = 0; i < count; ++i, rgba += FourChannels) {
+    for (size_t i = 0; i < count; ++i, rgba += 4) {
         uint32_t red = rgba[0], green = rgba[1], blue = rgba[2];
         const uint32_t alpha = rgba[3];
         if (alpha < 255) {

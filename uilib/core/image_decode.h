@@ -25,7 +25,7 @@ struct DecodedImage {
     explicit operator bool() const { return rgba != nullptr; }
 };
 
-DecodedImage decodeImage(const void* bytes, size_t size);
+DecodedImage decodeImage(const void* data, size_t length);
 
 // Writes count premultiplied BGRA pixels from as many of four bytes. A finished pixel that
 // equals mask becomes 0. True when a pixel is not opaque afterwards.

@@ -1,7 +1,5 @@
 #include "uilib/core/markup.h"
 
-#include "uilib/core/utf8.h"
-
 #include <algorithm>
 #include <cwchar>
 
@@ -19,27 +17,16 @@ void copyTerminated(const wchar_t* text, wchar_t* buffer, size_t count) {
     buffer[length] = 0;
 }
 
-bool isBlank(wchar_t character) {
-    return character && character <= 32;
-}
-
 } // namespace
 
 bool CMarkup::Load(std::wstring_view source) {
-    Release();
-    text = std::make_unique_for_overwrite<wchar_t[]>(source.size() + 1);
-    std::copy(source.begin(), source.end(), text.get());
-    text[source.size()] = 0;
-    return parse();
+    return parse(source);
 }
 
 bool CMarkup::LoadUtf8(std::string_view bytes) {
-    Release();
     if (bytes.starts_with(Utf8Mark))
         bytes.remove_prefix(Utf8Mark.size());
-    text = std::make_unique_for_overwrite<wchar_t[]>(bytes.size() + 1);
-    *decodeUtf8(bytes, text.get()) = 0;
-    return parse();
+    return parse(bytes);
 }
 
 bool CMarkup::LoadUtf16(std::string_view bytes) {
@@ -48,12 +35,12 @@ bool CMarkup::LoadUtf16(std::string_view bytes) {
     if (!little && !big)
         return false;
     const auto* at = reinterpret_cast<const unsigned char*>(bytes.data()) + 2;
-    const size_t count = bytes.size() / 2 - 1;
-    text = std::make_unique_for_overwrite<wchar_t[]>(count + 1);
-    for (size_t i = 0; i < count; ++i, at += 2)
-        text[i] = static_cast<wchar_t>(little ? at[0] | at[1] << 8 : at[0] << 8 | at[1]);
-    text[count] = 0;
-    return parse();
+    std::wstring document(bytes.size() / 2 - 1, L'\0');
+    for (wchar_t& unit : document) {
+        unit = static_cast<wchar_t>(little ? at[0] | at[1] << 8 : at[0] << 8 | at[1]);
+        at += 2;
+    }
+    return parse(std::wstring_view(document));
 }
 
 void CMarkup::Release() {
@@ -130,30 +117,17 @@ bool CMarkupNode::GetAttributeValue(const wchar_t* name, wchar_t* buffer, size_t
     return true;
 }
 
-// The parser left name, 0, blanks, quote, value, 0, blanks for each attribute, and put
-// blanks over everything that it took out.
 void CMarkupNode::mapAttributes() {
     const wchar_t* text = owner->text.get();
-    const uint32_t end = owner->elements[position].data;
     const auto behindZero = [text](uint32_t at) {
         return at + static_cast<uint32_t>(std::wcslen(text + at)) + 1;
     };
-    const auto skipBlanks = [text](uint32_t& at) {
-        while (isBlank(text[at]))
-            ++at;
-    };
+    const uint32_t end = owner->elements[position].data;
     uint32_t at = behindZero(owner->elements[position].start);
     while (at < end && attributeCount < AttributeLimit) {
-        skipBlanks(at);
-        const uint32_t name = at;
-        at = behindZero(at);
-        if (at >= end)
-            return;
-        skipBlanks(at);
-        if (text[at] != L'"')
-            return;
-        attributes[attributeCount++] = {name, ++at};
-        at = behindZero(at);
+        const uint32_t value = behindZero(at);
+        attributes[attributeCount++] = {at, value};
+        at = behindZero(value);
     }
 }
 

@@ -6,9 +6,10 @@
 #include <string_view>
 #include <vector>
 
-// The parser of the skin's markup. It works in place: one block of text whose names and
-// values it terminates with zeros, and one flat table of elements that holds offsets
-// into that text. Element 0 is reserved and stands for "none"; the root is element 1.
+// The parser of the skin's markup. In one pass over the document it writes the names and
+// values, each with its terminator, into one block of text, and the elements into one flat
+// table that holds offsets into that block; nothing else is allocated. Element 0 is
+// reserved and stands for "none"; the root is element 1.
 //
 // A document may nest as deep as it likes: nothing here recurses.
 
@@ -85,17 +86,19 @@ public:
 
 private:
     friend class CMarkupNode;
+    template <class Unit>
     friend class MarkupParser;
 
     struct Element {
-        uint32_t start; // offset of the name
+        uint32_t start; // offset of the name; name and value of each attribute follow it
         uint32_t child; // the rest are element numbers, 0 for none
         uint32_t next;
         uint32_t parent;
-        uint32_t data; // offset behind the start tag
+        uint32_t data; // offset behind the last attribute
     };
 
-    bool parse();
+    template <class Unit>
+    bool parse(std::basic_string_view<Unit> document);
 
     std::unique_ptr<wchar_t[]> text;
     std::vector<Element> elements;

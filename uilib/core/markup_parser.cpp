@@ -1,64 +1,60 @@
 #include "uilib/core/markup.h"
+#include "uilib/core/markup_scan.h"
+#include "uilib/core/utf8.h"
 
 #include <algorithm>
-#include <array>
 #include <cwchar>
 #include <cwctype>
+#include <vector>
 
 namespace UILib {
 
 namespace {
 
-enum CharacterKind : unsigned char { Blank = 1, Identifier = 2, ValueStop = 4 };
-
-constexpr auto Kinds = [] {
-    std::array<unsigned char, 128> kinds{};
-    for (int c = 1; c <= 32; ++c)
-        kinds[c] = Blank;
-    for (int c = '0'; c <= '9'; ++c)
-        kinds[c] = Identifier;
-    for (int c = 'a'; c <= 'z'; ++c)
-        kinds[c] = kinds[c - 32] = Identifier;
-    kinds['_'] = kinds[':'] = Identifier;
-    kinds[0] = kinds['"'] = kinds['&'] = ValueStop;
-    return kinds;
-}();
-
-bool is(CharacterKind kind, wchar_t character) {
-    return static_cast<unsigned>(character) < Kinds.size() && Kinds[static_cast<unsigned>(character)] & kind;
-}
-
-bool isIdentifier(wchar_t character) {
-    return static_cast<unsigned>(character) < Kinds.size()
-               ? is(Identifier, character)
-               : std::iswalnum(static_cast<wint_t>(character)) != 0;
-}
-
 struct Entity {
-    std::wstring_view name;
+    std::string_view name;
     wchar_t character;
 };
 constexpr Entity Entities[] = {
-    {L"amp;", L'&'}, {L"lt;", L'<'}, {L"gt;", L'>'}, {L"quot;", L'"'}, {L"apos;", L'\''}};
+    {"amp;", L'&'}, {"lt;", L'<'}, {"gt;", L'>'}, {"quot;", L'"'}, {"apos;", L'\''}};
 
-// The character of the entity whose name starts at the position, which moves behind it.
-// Whatever is no entity was a plain ampersand.
-wchar_t decodeEntity(wchar_t*& at) {
-    for (const Entity& entity : Entities)
-        if (std::wcsncmp(at, entity.name.data(), entity.name.size()) == 0) {
-            at += entity.name.size();
-            return entity.character;
-        }
-    return L'&';
+// What a skin has as a rule; a guess too low costs a copy of the table, one too high only
+// address space.
+constexpr size_t BytesPerElement = 100;
+constexpr size_t GrowthRecords = 500;
+
+// A document may be bytes of UTF-8 or wide characters already.
+char32_t takeCharacter(const char*& at, const char* end) {
+    return takeUtf8(at, end);
+}
+char32_t takeCharacter(const wchar_t*& at, const wchar_t*) {
+    return static_cast<char32_t>(*at++);
+}
+
+wchar_t* copyText(std::string_view from, wchar_t* to) {
+    return decodeUtf8(from, to);
+}
+wchar_t* copyText(std::wstring_view from, wchar_t* to) {
+    return std::copy(from.begin(), from.end(), to);
+}
+
+// A letter or digit beyond ASCII, of those that one wide character can hold.
+bool isWideLetter(char32_t c) {
+    return c >= 0x80 && c < 0x10000 && std::iswalnum(static_cast<wint_t>(c));
 }
 
 } // namespace
 
-// One run over one document. Levels are followed through the parent numbers of the
-// table, so the depth of a document costs no stack.
+// One run over one document. Levels are followed with a list of open elements, so the
+// depth of a document costs no stack.
+template <class Unit>
 class MarkupParser {
 public:
-    explicit MarkupParser(CMarkup& document) : document(document), at(document.text.get()) {}
+    using View = std::basic_string_view<Unit>;
+
+    // out: room for one character more than the source has.
+    MarkupParser(CMarkup& document, View source, wchar_t* out)
+        : document(document), at(source.data()), end(at + source.size()), out(out) {}
 
     bool run() {
         addElement();
@@ -67,7 +63,10 @@ public:
     }
 
 private:
-    using Element = CMarkup::Element;
+    struct Open {
+        uint32_t element;
+        View name;
+    };
 
     bool parseElements();
     bool openElement();
@@ -75,125 +74,112 @@ private:
     bool parseAttributes();
     bool parseValue();
     void skipDeclaration();
+    wchar_t takeEntity();
     uint32_t addElement();
     bool fail(const wchar_t* message);
 
-    uint32_t offset() const { return static_cast<uint32_t>(at - document.text.get()); }
-    void skipBlanks() {
-        while (is(Blank, *at))
-            ++at;
-    }
-    void skipIdentifier() {
-        while (isIdentifier(*at))
-            ++at;
-    }
-    bool mayEndHere() const { return parent <= 1; } // the root's own end tag may be missing
+    bool is(char c, int ahead = 0) const { return end - at > ahead && at[ahead] == static_cast<Unit>(c); }
+    bool atEmptyEnd() const { return is('/') && is('>', 1); } // "/>"
+    void skipBlanks() { at = scan::skipBlanks(at, end); }
+    View copyIdentifier();
+    void copyCharacter();
+    uint32_t parent() const { return open.empty() ? 0 : open.back().element; }
+    bool mayEndHere() const { return parent() <= 1; } // the root's own end tag may be missing
 
     CMarkup& document;
-    wchar_t* at;
-    uint32_t parent = 0;   // element whose children are being read
-    uint32_t previous = 0; // its child read last
+    const Unit* at;
+    const Unit* end;
+    wchar_t* out;           // where the next name or value goes
+    std::vector<Open> open; // elements whose children are being read
+    uint32_t previous = 0;  // the child read last
 };
 
-bool MarkupParser::parseElements() {
+template <class Unit>
+bool MarkupParser<Unit>::parseElements() {
     for (;;) {
-        if (!*at && mayEndHere())
+        if (at == end && mayEndHere())
             return true;
         skipBlanks();
-        if (*at != L'<')
+        if (!is('<'))
             return fail(L"Expected start tag");
-        if (at[1] == L'/') {
-            if (!parent)
+        if (is('/', 1)) {
+            if (open.empty())
                 return true;
             if (!closeElement())
                 return false;
             continue;
         }
-        *at++ = 0;
+        ++at;
         skipBlanks();
-        if (*at == L'!' || *at == L'?') {
+        if (is('!') || is('?'))
             skipDeclaration();
-            continue;
-        }
-        if (!openElement())
+        else if (!openElement())
             return false;
     }
 }
 
 // Reads a start tag and the text behind it. An element that stays open becomes the
 // parent of what follows.
-bool MarkupParser::openElement() {
+template <class Unit>
+bool MarkupParser<Unit>::openElement() {
     const uint32_t number = addElement();
-    document.elements[number].start = offset();
-    document.elements[number].parent = parent;
-    if (previous)
-        document.elements[previous].next = number;
-    else if (parent)
-        document.elements[parent].child = number;
-    previous = number;
-
-    skipIdentifier();
-    if (!*at)
+    document.elements[number].start = static_cast<uint32_t>(out - document.text.get());
+    const View name = copyIdentifier();
+    if (at == end)
         return fail(L"Error parsing element name");
-    wchar_t* nameEnd = at;
+    *out++ = 0;
     if (!parseAttributes())
         return false;
+    document.elements[number].data = static_cast<uint32_t>(out - document.text.get());
     skipBlanks();
-    if (at[0] == L'/' && at[1] == L'>') {
-        document.elements[number].data = offset();
-        *at = 0;
+    if (atEmptyEnd()) {
         at += 2;
         skipBlanks();
         return true;
     }
-    if (*at != L'>')
+    if (!is('>'))
         return fail(L"Expected start-tag closing");
-    *nameEnd = 0;
-    document.elements[number].data = offset() + 1;
-    ++at;
-    while (*at && *at != L'<')
-        ++at;
-    if (!*at)
+    at = scan::findTag(at + 1, end);
+    if (at == end)
         return mayEndHere() || fail(L"Expected end-tag start");
-    parent = number;
+    open.push_back({number, name});
     previous = 0;
     return true;
 }
 
-bool MarkupParser::closeElement() {
-    *at = 0;
+template <class Unit>
+bool MarkupParser<Unit>::closeElement() {
     at += 2;
     skipBlanks();
-    const wchar_t* name = &document.text[document.elements[parent].start];
-    const size_t length = std::wcslen(name);
-    if (std::wcsncmp(at, name, length) != 0)
+    const View name = open.back().name;
+    if (!View(at, static_cast<size_t>(end - at)).starts_with(name))
         return fail(L"Unmatched closing tag");
-    at += length;
+    at += name.size();
     skipBlanks();
-    if (*at != L'>')
+    if (!is('>'))
         return fail(L"Unmatched closing tag");
     ++at;
-    previous = parent;
-    parent = document.elements[parent].parent;
+    previous = open.back().element;
+    open.pop_back();
     skipBlanks();
     return true;
 }
 
-bool MarkupParser::parseAttributes() {
-    if (*at == L'>' || (at[0] == L'/' && at[1] == L'>'))
+template <class Unit>
+bool MarkupParser<Unit>::parseAttributes() {
+    if (is('>') || atEmptyEnd())
         return true;
-    *at++ = 0;
+    takeCharacter(at, end); // whatever ended the name
     skipBlanks();
-    while (*at && *at != L'>' && *at != L'/') {
-        skipIdentifier();
-        wchar_t* nameEnd = at;
+    while (at < end && *at != '>' && *at != '/') {
+        copyIdentifier();
+        *out++ = 0;
         skipBlanks();
-        if (*at != L'=')
+        if (!is('='))
             return fail(L"Error while parsing attributes");
-        *at++ = L' ';
-        *nameEnd = 0;
+        ++at;
         skipBlanks();
-        if (*at != L'"')
+        if (!is('"'))
             return fail(L"Expected attribute value");
         ++at;
         if (!parseValue())
@@ -203,64 +189,118 @@ bool MarkupParser::parseAttributes() {
     return true;
 }
 
-// Terminates the value and leaves the position behind its closing quote. Entities make
-// the value shrink in place; blanks fill the gap, for CMarkupNode::mapAttributes.
-bool MarkupParser::parseValue() {
-    while (!is(ValueStop, *at))
-        ++at;
-    wchar_t* target = at;
-    while (*at && *at != L'"') {
-        if (*at == L'&') {
-            ++at;
-            *target++ = decodeEntity(at);
-        } else {
-            *target++ = *at++;
-        }
+// Leaves the position behind the closing quote.
+template <class Unit>
+bool MarkupParser<Unit>::parseValue() {
+    for (;;) {
+        scan::copyAscii(at, end, out, scan::isPlainValue);
+        if (at == end)
+            return fail(L"Error while parsing attribute string");
+        if (*at == '"')
+            break;
+        if (*at == '&')
+            ++at, *out++ = takeEntity();
+        else
+            copyCharacter();
     }
-    if (!*at)
-        return fail(L"Error while parsing attribute string");
-    std::fill(target, at + 1, L' ');
-    *target = 0;
     ++at;
+    *out++ = 0;
     return true;
 }
 
+// The character of the entity behind an ampersand. Whatever is no entity was a plain
+// ampersand, and nothing is taken.
+template <class Unit>
+wchar_t MarkupParser<Unit>::takeEntity() {
+    for (const Entity& entity : Entities) {
+        const size_t length = entity.name.size();
+        if (static_cast<size_t>(end - at) >= length &&
+            std::equal(entity.name.begin(), entity.name.end(), at)) {
+            at += length;
+            return entity.character;
+        }
+    }
+    return L'&';
+}
+
 // Passes over <!...-> or <?...?>.
-void MarkupParser::skipDeclaration() {
-    const wchar_t first = *at == L'!' ? L'-' : L'?';
-    while (*at && !(at[0] == first && at[1] == L'>'))
+template <class Unit>
+void MarkupParser<Unit>::skipDeclaration() {
+    const char first = is('!') ? '-' : '?';
+    while (at < end && !(is(first) && is('>', 1)))
         ++at;
-    if (*at)
+    if (at < end)
         at += 2;
     skipBlanks();
 }
 
-uint32_t MarkupParser::addElement() {
-    auto& elements = document.elements;
-    if (elements.size() == elements.capacity())
-        elements.reserve(elements.capacity() + elements.capacity() / 2 + 500);
-    elements.push_back({});
-    return static_cast<uint32_t>(elements.size() - 1);
+template <class Unit>
+std::basic_string_view<Unit> MarkupParser<Unit>::copyIdentifier() {
+    const Unit* start = at;
+    scan::copyAscii(at, end, out, scan::isIdentifier);
+    while (at < end && static_cast<std::make_unsigned_t<Unit>>(*at) >= 0x80) {
+        const Unit* next = at;
+        if (!isWideLetter(takeCharacter(next, end)))
+            break;
+        copyCharacter();
+        scan::copyAscii(at, end, out, scan::isIdentifier);
+    }
+    return View(start, static_cast<size_t>(at - start));
 }
 
-bool MarkupParser::fail(const wchar_t* message) {
-    const auto keep = [](wchar_t* target, size_t size, const wchar_t* source) {
-        size_t length = 0;
-        for (; length + 1 < size && source[length]; ++length)
-            target[length] = source[length];
-        target[length] = 0;
-    };
-    keep(document.errorMessage, std::size(document.errorMessage), message);
-    keep(document.errorLocation, std::size(document.errorLocation), at);
+// One character beyond ASCII.
+template <class Unit>
+void MarkupParser<Unit>::copyCharacter() {
+    const Unit* start = at;
+    takeCharacter(at, end);
+    out = copyText(View(start, static_cast<size_t>(at - start)), out);
+}
+
+template <class Unit>
+uint32_t MarkupParser<Unit>::addElement() {
+    auto& elements = document.elements;
+    if (elements.size() == elements.capacity())
+        elements.reserve(elements.capacity() + elements.capacity() / 2 + GrowthRecords);
+    const auto number = static_cast<uint32_t>(elements.size());
+    elements.push_back({0, 0, 0, parent(), 0});
+    if (previous)
+        elements[previous].next = number;
+    else if (parent())
+        elements[parent()].child = number;
+    previous = number;
+    return number;
+}
+
+template <class Unit>
+bool MarkupParser<Unit>::fail(const wchar_t* message) {
+    constexpr size_t LongestLocation = std::extent_v<decltype(CMarkup::errorLocation)> - 1;
+    *std::copy_n(message, std::wcslen(message), document.errorMessage) = 0;
+    wchar_t text[4 * LongestLocation];
+    const size_t count = std::min(static_cast<size_t>(end - at), 4 * LongestLocation);
+    const wchar_t* last = copyText(View(at, count), text);
+    const size_t length = std::min(static_cast<size_t>(last - text), LongestLocation);
+    *std::copy_n(text, length, document.errorLocation) = 0;
     return false;
 }
 
-bool CMarkup::parse() {
+template <class Unit>
+bool CMarkup::parse(std::basic_string_view<Unit> source) {
+    Release();
     errorMessage[0] = errorLocation[0] = 0;
-    const bool parsed = MarkupParser(*this).run();
+    // Not the runtime's search: it goes byte by byte here.
+    const Unit* end = scan::findZero(source.data(), source.data() + source.size());
+    source = source.substr(0, static_cast<size_t>(end - source.data()));
+    // A name or value in the document is followed by at least one character that is not
+    // part of it: its terminator has room.
+    text = std::make_unique_for_overwrite<wchar_t[]>(source.size() + 1 + scan::CopySlack);
+    elements.reserve(source.size() / BytesPerElement + GrowthRecords);
+    const bool parsed = MarkupParser<Unit>(*this, source, text.get()).run();
     if (!parsed)
         Release();
     return parsed;
 }
+
+template bool CMarkup::parse(std::string_view source);
+template bool CMarkup::parse(std::wstring_view source);
 
 } // namespace UILib

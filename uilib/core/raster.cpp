@@ -75,10 +75,11 @@ void fill(const Raster& target, const Box& clip, const Box& box, uint32_t argb) 
 }
 
 void gradient(const Raster& target, const Box& clip, const Box& box, uint32_t first, uint32_t second,
-              bool vertical, uint8_t alpha) {
+              Direction direction, uint8_t alpha) {
     const Box area = intersect(intersect(box, clip), target.bounds());
     if (area.isEmpty())
         return;
+    const bool vertical = direction == Direction::Vertical;
     const int begin = vertical ? area.top : area.left, end = vertical ? area.bottom : area.right;
     const int origin = vertical ? box.top : box.left;
     const int64_t length = vertical ? box.height() : box.width();

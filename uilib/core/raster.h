@@ -33,7 +33,7 @@ void fill(const Raster& target, const Box& clip, const Box& box, uint32_t argb);
 // From first at the left or top to second at the right or bottom, mixed into what is there
 // by one constant alpha; the colours' own alpha does not count.
 void gradient(const Raster& target, const Box& clip, const Box& box, uint32_t first, uint32_t second,
-              bool vertical, uint8_t alpha);
+              Direction direction, uint8_t alpha);
 
 // One piece of an image. fade counts for Compose::Blend only.
 void draw(const Raster& target, const Box& clip, const Raster& image, const Slice& slice, Compose compose,

@@ -50,8 +50,8 @@ void CRenderEngine::DrawGradient(HDC context, const RECT& rectangle, uint32_t fi
         return;
     const PixelAccess access(context, box);
     for (const Box& clip : access.clips())
-        raster::gradient(access.target(), clip, access.toTarget(box), first, second,
-                         direction == Direction::Vertical, static_cast<uint8_t>(alpha));
+        raster::gradient(access.target(), clip, access.toTarget(box), first, second, direction,
+                         static_cast<uint8_t>(alpha));
 }
 
 void CRenderEngine::DrawLine(HDC context, const RECT& rectangle, int width, uint32_t color, int penStyle) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "uilib/core/geometry.h"
 #include "uilib/core/image.h"
 #include "uilib/core/platform.h"
 #include "uilib/core/render_host.h"
@@ -17,8 +18,6 @@
 // Window thread only.
 
 namespace UILib {
-
-enum class Direction { Horizontal, Vertical };
 
 class CRenderEngine {
 public:

@@ -11,6 +11,7 @@ namespace UILib {
 namespace {
 
 constexpr int BoldWeight = 700;
+constexpr int FontSizeLimit = 1000;
 constexpr int OptionGroupCapacity = 6;
 constexpr size_t FaceNameLimit = LF_FACESIZE - 1;
 
@@ -25,7 +26,7 @@ utility::Font createFont(const FontSpec& spec) {
     LOGFONTW description = stockFont();
     const std::wstring_view face = spec.faceName.view().substr(0, FaceNameLimit);
     *std::copy(face.begin(), face.end(), description.lfFaceName) = 0;
-    description.lfHeight = -spec.size;
+    description.lfHeight = -std::clamp(spec.size, -FontSizeLimit, FontSizeLimit);
     if (spec.bold)
         description.lfWeight += BoldWeight;
     description.lfUnderline = spec.underline;

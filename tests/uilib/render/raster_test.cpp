@@ -158,9 +158,10 @@ TEST(Raster, shouldPaintHugeTargetsInTimeOfWhatIsSeen) {
 }
 
 TEST(Raster, shouldRunAGradientFromOneColourToTheOther) {
-    for (bool vertical : {false, true}) {
+    for (Direction direction : {Direction::Horizontal, Direction::Vertical}) {
+        const bool vertical = direction == Direction::Vertical;
         Canvas canvas(100, 100, 0xFF000000);
-        raster::gradient(canvas.raster, {10, 10, 90, 90}, {0, 0, 100, 100}, 0xFFFF0000, 0xFF0000FF, vertical,
+        raster::gradient(canvas.raster, {10, 10, 90, 90}, {0, 0, 100, 100}, 0xFFFF0000, 0xFF0000FF, direction,
                          255);
         auto at = [&](int along, int across) {
             return vertical ? canvas.at(across, along) : canvas.at(along, across);
@@ -172,6 +173,6 @@ TEST(Raster, shouldRunAGradientFromOneColourToTheOther) {
         EXPECT_GT(at(10, 50) >> 16 & 0xFF, at(89, 50) >> 16 & 0xFF);
     }
     Canvas half(2, 2, 0xFF000000);
-    raster::gradient(half.raster, Everything, {0, 0, 2, 2}, 0x00FFFFFF, 0xFFFFFFFF, true, 127);
+    raster::gradient(half.raster, Everything, {0, 0, 2, 2}, 0x00FFFFFF, 0xFFFFFFFF, Direction::Vertical, 127);
     EXPECT_EQ(0xFF7F7F7Fu, half.at(0, 0));
 }

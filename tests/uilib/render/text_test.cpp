@@ -123,6 +123,8 @@ TEST_F(Text, shouldSurviveAMegabyte) {
                            static_cast<unsigned>(DT_WORDBREAK | DT_VCENTER)}) {
         drawHtml(words.c_str(), rectangle, style, 4);
         drawHtml(tags.c_str(), rectangle, style, 4);
+        draw(words.c_str(), rectangle, style);
+        draw(tags.c_str(), rectangle, style);
     }
     EXPECT_LT(painted().left, Width);
 }

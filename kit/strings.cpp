@@ -73,13 +73,16 @@ int run(const Arguments& arguments) {
     findMissingCells(table, findings);
     findDifferentPlaceholders(table, findings);
     findLackingKeys(table, uses.asked, findings);
-    findUnusedKeys(table, uses.known, findings);
     if (!findTextsThatDoNotFit(arguments[0], table, findings))
         return 1;
     for (const std::string& finding : findings)
         printf("%s\n", finding.c_str());
-    printf("%zu keys in %zu languages, %zu findings\n", table.rows.size(), table.codes.size(),
-           findings.size());
+    Findings unused;
+    findUnusedKeys(table, uses.known, unused);
+    for (const std::string& note : unused)
+        printf("note: %s\n", note.c_str());
+    printf("%zu keys in %zu languages, %zu findings, %zu notes\n", table.rows.size(), table.codes.size(),
+           findings.size(), unused.size());
     return findings.empty() ? 0 : 1;
 }
 
@@ -90,9 +93,9 @@ const Command stringsCommand = {
     "SKIN SOURCE ...",
     "check the language table against the skin and the program",
     "SKIN is the folder of multi_language.tsv and the markup, each SOURCE a folder of the program.\n"
-    "Tells missing texts, keys that are used and not there, keys that nobody uses, placeholders\n"
-    "that differ between languages, and texts that do not fit their control at the design size\n"
-    "of their window. The exit code is 1 when there is anything to tell.\n",
+    "Tells missing texts, keys that are used and not there, placeholders that differ between\n"
+    "languages, and texts that do not fit their control at the design size of their window; then\n"
+    "the exit code is 1. Notes name the keys that nobody uses, which do no harm.\n",
     run,
 };
 

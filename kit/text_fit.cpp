@@ -45,11 +45,7 @@ std::wstring textOf(const std::wstring& key) {
     return text ? text : key;
 }
 
-bool hasParentRoom(CControlUI& control) {
-    const CControlUI* parent = control.GetParent();
-    if (!parent || control.IsFloat())
-        return true;
-    const RECT &inner = control.GetPos(), &outer = parent->GetPos();
+bool contains(const RECT& outer, const RECT& inner) {
     return inner.left >= outer.left && inner.right <= outer.right && inner.top >= outer.top &&
            inner.bottom <= outer.bottom;
 }
@@ -108,6 +104,13 @@ private:
             check(label, textOf(text.substr(1)));
     }
 
+    // What leaves its parent or the window is cut off there.
+    bool hasRoom(CControlUI& control) {
+        const CControlUI* parent = control.GetParent();
+        return contains(document.root()->GetPos(), control.GetPos()) &&
+               (!parent || contains(parent->GetPos(), control.GetPos()));
+    }
+
     void check(CLabelUI& label, const std::wstring& text) {
         const RECT &place = label.GetPos(), &padding = label.GetTextPadding();
         const LONG width = place.right - place.left - padding.left - padding.right;
@@ -117,7 +120,7 @@ private:
             report(label, text,
                    "needs " + std::to_string(needed.cx) + " by " + std::to_string(needed.cy) + ", has " +
                        std::to_string(width) + " by " + std::to_string(height));
-        else if (!hasParentRoom(label))
+        else if (!hasRoom(label))
             report(label, text, "is pushed out of what it lies in");
     }
 

@@ -10,6 +10,7 @@ namespace kit {
 // The table of all subcommands: each is an extern const Command of its own file.
 extern const Command countsCommand;
 extern const Command fetchCommand;
+extern const Command galleryCommand;
 extern const Command layoutCommand;
 extern const Command markupCommand;
 extern const Command renderCommand;
@@ -17,8 +18,8 @@ extern const Command serveCommand;
 extern const Command unpackCommand;
 
 static const std::initializer_list<const Command*> commands = {
-    &countsCommand, &fetchCommand, &layoutCommand, &markupCommand,
-    &renderCommand, &serveCommand, &unpackCommand,
+    &countsCommand, &fetchCommand,  &galleryCommand, &layoutCommand,
+    &markupCommand, &renderCommand, &serveCommand,   &unpackCommand,
 };
 
 static void printHelp(const Command& command, FILE* out) {

@@ -1,4 +1,5 @@
 #include "kit/console.h"
+#include "kit/control_state.h"
 #include "kit/png.h"
 #include "kit/skin_document.h"
 #include "uilib/controls/control.h"
@@ -45,31 +46,13 @@ static bool readRequest(const Arguments& arguments, RenderRequest& request) {
     return request.width && request.height;
 }
 
-static void sendMouse(CControlUI& control, UILib::EventKind kind) {
-    const RECT& place = control.GetPos();
-    UILib::TUIEvent event = {kind, &control};
-    event.mouse = {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
-    control.Event(event);
-}
-
-// Brings a control into a state on the way that the user would.
 static bool applyState(SkinDocument& document, const std::wstring& name, const std::wstring& state) {
     CControlUI* control = document.manager().FindControl(name.c_str());
     if (!control) {
         fprintf(stderr, "vynkit render: no control %s\n", toUtf8(name).c_str());
         return false;
     }
-    if (state == L"hot" || state == L"pushed")
-        sendMouse(*control, UILib::EventMouseEnter);
-    if (state == L"pushed")
-        sendMouse(*control, UILib::EventButtonDown);
-    else if (state == L"disabled")
-        control->SetEnabled(false);
-    else if (state == L"focused")
-        control->SetFocus();
-    else if (state == L"selected")
-        control->SetAttribute(L"selected", L"true");
-    else if (state != L"hot" && state != L"normal") {
+    if (!applyState(*control, state)) {
         fprintf(stderr, "vynkit render: no state %s\n", toUtf8(state).c_str());
         return false;
     }

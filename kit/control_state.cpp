@@ -1,9 +1,6 @@
 #include "kit/control_state.h"
 
-#include "kit/console.h"
 #include "uilib/controls/control.h"
-
-#include <cstdio>
 
 namespace kit {
 
@@ -16,26 +13,19 @@ static void sendMouse(CControlUI& control, UILib::EventKind kind) {
     control.Event(event);
 }
 
-bool applyState(UILib::CPaintManagerUI& manager, const std::wstring& name, const std::wstring& state) {
-    CControlUI* control = manager.FindControl(name.c_str());
-    if (!control) {
-        fprintf(stderr, "vynkit: no control %s\n", toUtf8(name).c_str());
-        return false;
-    }
+bool applyState(CControlUI& control, const std::wstring& state) {
     if (state == L"hot" || state == L"pushed")
-        sendMouse(*control, UILib::EventMouseEnter);
+        sendMouse(control, UILib::EventMouseEnter);
     if (state == L"pushed")
-        sendMouse(*control, UILib::EventButtonDown);
+        sendMouse(control, UILib::EventButtonDown);
     else if (state == L"disabled")
-        control->SetEnabled(false);
+        control.SetEnabled(false);
     else if (state == L"focused")
-        control->SetFocus();
+        control.SetFocus();
     else if (state == L"selected")
-        control->SetAttribute(L"selected", L"true");
-    else if (state != L"hot" && state != L"normal") {
-        fprintf(stderr, "vynkit: no state %s\n", toUtf8(state).c_str());
-        return false;
-    }
+        control.SetAttribute(L"selected", L"true");
+    else
+        return state == L"hot" || state == L"normal";
     return true;
 }
 

@@ -46,6 +46,19 @@ static bool readRequest(const Arguments& arguments, RenderRequest& request) {
     return request.width && request.height;
 }
 
+static bool applyState(SkinDocument& document, const std::wstring& name, const std::wstring& state) {
+    CControlUI* control = document.manager().FindControl(name.c_str());
+    if (!control) {
+        fprintf(stderr, "vynkit render: no control %s\n", toUtf8(name).c_str());
+        return false;
+    }
+    if (!applyState(*control, state)) {
+        fprintf(stderr, "vynkit render: no state %s\n", toUtf8(state).c_str());
+        return false;
+    }
+    return true;
+}
+
 static int run(const Arguments& arguments) {
     RenderRequest request;
     if (!readRequest(arguments, request))

@@ -76,15 +76,17 @@ HWND CEditUI::GetNativeWindow() const {
 void CEditUI::SetText(const wchar_t* newText) {
     if (text == newText) // or a listener to "textchanged" that sets the text would not end
         return;
+    if (editWindow) {
+        CUIString shown = newText;
+        CPaintManagerUI::ResolveLanguageKey(shown);
+        SetWindowTextW(*editWindow, shown); // comes back as a change, and is told as one
+    }
     CLabelUI::SetText(newText);
-    if (!editWindow)
-        return;
-    CUIString shown = text;
-    CPaintManagerUI::ResolveLanguageKey(shown);
-    SetWindowTextW(*editWindow, shown);
 }
 
 void CEditUI::onNativeText(const wchar_t* newText) {
+    if (text == newText) // typing beyond the limit is announced, too
+        return;
     text = newText;
     manager->SendNotify(this, L"textchanged");
     if (manager->IsLayered())

@@ -1,0 +1,229 @@
+#include "kit/process_counts.h"
+#include "stage.h"
+#include "uilib/controls/combo.h"
+#include "uilib/controls/list_element.h"
+
+using namespace UILib;
+
+namespace {
+
+std::wstring combo(int items, const wchar_t* attributes = L"") {
+    std::wstring markup =
+        std::wstring(L"<Combo name=\"c\" width=\"120\" height=\"30\" keyboard=\"true\" itemheight=\"20\" ") +
+        attributes + L">";
+    for (int i = 0; i < items; ++i)
+        markup += L"<ListLabelElement name=\"i" + std::to_wstring(i) + L"\" text=\"item " +
+                  std::to_wstring(i) + L"\"/>";
+    return markup + L"</Combo><Button name=\"b\" height=\"30\"/>";
+}
+
+class ComboStage : public Stage {
+public:
+    using Stage::Stage;
+
+    CComboUI& control() { return get<CComboUI>(L"c"); }
+    HWND popup() { return FindWindowW(L"ComboWnd", nullptr); }
+    void open() {
+        control().Activate();
+        pump();
+        take();
+    }
+    bool closed() {
+        return pumpUntil([this] { return !popup(); }) && !control().IsOpen();
+    }
+    RECT popupPlace() {
+        RECT place = {};
+        GetWindowRect(popup(), &place);
+        return place;
+    }
+    void clickPopup(int x, int y) {
+        const HWND target = popup();
+        SendMessageW(target, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));
+        SendMessageW(target, WM_LBUTTONUP, 0, MAKELPARAM(x, y));
+        pump();
+    }
+    // The items are the combo's again, out of the mouse's reach.
+    bool itemsAreBack() {
+        for (int i = 0; i < control().GetCount(); ++i) {
+            CControlUI* item = control().GetItemAt(i);
+            if (item->GetManager() != &manager || item->GetParent() != &control() || !isEmpty(item->GetPos()))
+                return false;
+        }
+        return true;
+    }
+};
+
+} // namespace
+
+TEST(Combo, SelectsByMouse) {
+    ComboStage stage(combo(5));
+    stage.click(10, 10);
+    EXPECT_EQ(stage.take(), "c!dropdown");
+    ASSERT_TRUE(stage.control().IsOpen());
+    stage.clickPopup(10, 50);
+    EXPECT_EQ(stage.take(), "i2!itemclick c!itemselect");
+    EXPECT_EQ(stage.last.wParam, 2u);
+    EXPECT_EQ(stage.last.lParam, -1);
+    EXPECT_TRUE(stage.closed());
+    EXPECT_TRUE(stage.itemsAreBack());
+    EXPECT_EQ(stage.control().GetText(), L"item 2");
+    stage.open();
+    stage.clickPopup(10, 50); // the present one closes too, and tells nothing
+    EXPECT_EQ(stage.take(), "i2!itemclick");
+    EXPECT_TRUE(stage.closed());
+}
+
+TEST(Combo, SelectsByKeyboard) {
+    ComboStage stage(combo(4));
+    stage.get(L"i1").SetEnabled(false);
+    stage.key(VK_TAB);
+    ASSERT_EQ(stage.manager.GetFocus(), &stage.control());
+    const std::pair<UINT, int> keys[] = {{VK_DOWN, 0}, {VK_DOWN, 2}, {VK_UP, 0},   {VK_UP, 0},   {VK_END, 3},
+                                         {VK_DOWN, 3}, {VK_HOME, 0}, {VK_NEXT, 2}, {VK_PRIOR, 0}};
+    for (const auto& [key, selected] : keys) {
+        stage.key(key);
+        EXPECT_EQ(stage.control().GetCurSel(), selected) << key;
+    }
+    stage.key(VK_F4);
+    ASSERT_TRUE(stage.control().IsOpen());
+    stage.key(stage.popup(), VK_END);
+    EXPECT_EQ(stage.control().GetCurSel(), 3);
+    EXPECT_TRUE(stage.control().IsOpen());
+    stage.key(stage.popup(), VK_ESCAPE);
+    EXPECT_TRUE(stage.closed());
+    EXPECT_EQ(stage.control().GetCurSel(), 0);
+    stage.key(VK_F4);
+    stage.key(stage.popup(), VK_DOWN);
+    stage.key(stage.popup(), VK_RETURN);
+    EXPECT_TRUE(stage.closed());
+    EXPECT_EQ(stage.control().GetCurSel(), 2);
+}
+
+TEST(Combo, SizesAndPlacesItsPopup) {
+    {
+        ComboStage stage(combo(0));
+        stage.open();
+        EXPECT_EQ(height(stage.popupPlace()), 2);
+        stage.control().SetEnabled(false);
+        EXPECT_TRUE(stage.closed());
+    }
+    {
+        ComboStage stage(combo(3));
+        stage.open();
+        RECT frame = {};
+        GetWindowRect(stage, &frame);
+        EXPECT_TRUE(
+            equal(stage.popupPlace(), {frame.left, frame.top + 30, frame.left + 120, frame.top + 92}));
+    }
+    MONITORINFO monitor = {};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoW(MonitorFromPoint({0, 0}, MONITOR_DEFAULTTOPRIMARY), &monitor);
+    ComboStage low(combo(20, L"dropboxsize=\"160,90\""), 20, monitor.rcWork.bottom - 60);
+    SetWindowPos(low, nullptr, 20, monitor.rcWork.bottom - 60, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    low.open();
+    RECT frame = {};
+    GetWindowRect(low, &frame);
+    EXPECT_TRUE(equal(low.popupPlace(), {frame.left, frame.top - 90, frame.left + 160, frame.top}));
+    low.clickPopup(157, 50); // on the scroll bar
+    EXPECT_TRUE(low.control().IsOpen());
+    low.key(low.popup(), VK_END);
+    const RECT& last = low.get(L"i19").GetPos();
+    EXPECT_EQ(last.bottom, 89);
+    SendMessageW(low.popup(), WM_MOUSEWHEEL, MAKEWPARAM(0, 120), 0);
+    EXPECT_EQ(last.bottom, 89 + 16);
+}
+
+TEST(Combo, GivesTheItemsBackHoweverItCloses) {
+    ComboStage stage(combo(5));
+    const std::function<void()> ways[] = {
+        [&] { stage.click(10, 45); },
+        [&] { ::SetFocus(stage); },
+        [&] { ::SetFocus(nullptr); },
+        [&] { stage.control().SetVisible(false); },
+        [&] { stage.control().SetEnabled(false); },
+        [&] { stage.get(L"root").SetVisible(false); },
+        [&] { stage.control().SelectItem((stage.control().GetCurSel() + 1) % 5); },
+        [&] { DestroyWindow(stage.popup()); },
+        [&] { stage.control().Remove(stage.control().GetItemAt(0)); },
+    };
+    for (size_t i = 0; i < std::size(ways); ++i) {
+        stage.open();
+        ASSERT_TRUE(stage.control().IsOpen()) << i;
+        ways[i]();
+        EXPECT_TRUE(stage.closed()) << i;
+        EXPECT_TRUE(stage.itemsAreBack()) << i;
+        stage.get(L"root").SetVisible(true);
+        stage.control().SetVisible(true);
+        stage.control().SetEnabled(true);
+        stage.pump();
+    }
+}
+
+TEST(Combo, SurvivesTheEndOfItsWindowWhileOpen) {
+    {
+        ComboStage stage(combo(3));
+        stage.open();
+    }
+    EXPECT_EQ(FindWindowW(L"ComboWnd", nullptr), nullptr);
+    ComboStage stage(combo(3));
+    stage.open();
+    static_cast<IContainerUI*>(stage.get(L"root").GetInterface(L"IContainer"))->RemoveAll();
+    EXPECT_TRUE(stage.pumpUntil([&] { return !stage.popup(); }));
+}
+
+// A listener may empty the list while the popup's own event is on the stack.
+TEST(Combo, MayBeEmptiedByItsOwnNotification) {
+    ComboStage stage(combo(3));
+    stage.open();
+    stage.onNotify = [&](TUINotify& notification) {
+        if (notification.type == L"itemselect")
+            stage.control().RemoveAll();
+    };
+    stage.clickPopup(10, 30);
+    EXPECT_TRUE(stage.closed());
+    EXPECT_EQ(stage.control().GetCount(), 0);
+    EXPECT_EQ(stage.control().GetCurSel(), -1);
+}
+
+TEST(Combo, KeepsTheSelectionOnItsItem) {
+    ComboStage stage(combo(4));
+    CComboUI& c = stage.control();
+    c.SelectItem(2);
+    c.Remove(c.GetItemAt(0));
+    EXPECT_EQ(c.GetCurSel(), 1);
+    c.SetItemIndex(c.GetItemAt(1), 2);
+    EXPECT_EQ(c.GetText(), L"item 2");
+    auto* added = new CListLabelElementUI;
+    c.AddAt(added, 0);
+    EXPECT_EQ(c.GetText(), L"item 2");
+    EXPECT_EQ(c.GetCurSel(), 3);
+    EXPECT_TRUE(c.SelectItem(99)); // past the end: the last
+    EXPECT_FALSE(c.SelectItem(-1));
+    EXPECT_EQ(c.GetText(), L"");
+    c.GetItemAt(1)->SetEnabled(false);
+    c.SelectItem(0);
+    EXPECT_FALSE(c.SelectItem(1));
+    EXPECT_EQ(c.GetCurSel(), -1);
+    c.SelectItem(0);
+    added->SetVisible(false);
+    EXPECT_EQ(c.GetCurSel(), -1);
+}
+
+TEST(Combo, LeaksNothing) {
+    ComboStage stage(combo(5));
+    const auto round = [&](int count) {
+        for (int i = 0; i < count; ++i) {
+            stage.control().Activate();
+            stage.control().SelectItem(i % 5);
+            stage.pumpUntil([&] { return !stage.control().IsOpen(); });
+        }
+    };
+    round(20);
+    kit::ProcessCounts before, after;
+    ASSERT_TRUE(kit::readProcessCounts(GetCurrentProcessId(), before));
+    round(500);
+    ASSERT_TRUE(kit::readProcessCounts(GetCurrentProcessId(), after));
+    EXPECT_LE(after.gdi, before.gdi + 2);
+    EXPECT_LE(after.windows, before.windows + 2);
+    EXPECT_LE(after.handles, before.handles + 2);
+}

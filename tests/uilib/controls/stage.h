@@ -1,0 +1,112 @@
+#pragma once
+
+#include "uilib/controls/control.h"
+#include "uilib/core/dialog_builder.h"
+#include "uilib/core/dib_surface.h"
+#include "uilib/core/paint_manager.h"
+#include "uilib/core/window.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+
+// A visible window with a manager, driven with real messages; notifications are written
+// down as "name!type".
+
+class Stage : public UILib::CWindowWnd, public UILib::INotifyUI {
+public:
+    static constexpr int Width = 300, Height = 200;
+
+    explicit Stage(const std::wstring& elements, int x = 20, int y = 20) {
+        UILib::CPaintManagerUI::SetInstance(GetModuleHandleW(nullptr));
+        Create(nullptr, L"", WS_POPUP, 0, x, y, Width, Height);
+        EXPECT_NE(window, nullptr) << "these tests need a display";
+        // Activation through the window manager would come back later, in the middle of a test.
+        ::ShowWindow(window, SW_SHOWNOACTIVATE);
+        manager.Init(window);
+        manager.AddNotifier(this);
+        UILib::CDialogBuilder builder;
+        manager.AttachDialog(
+            builder.Create((L"<Window><VBox name=\"root\">" + elements + L"</VBox></Window>").c_str(),
+                           nullptr, nullptr, &manager));
+        ::SetFocus(window);
+        SendMessageW(window, WM_PAINT, 0, 0);
+        pump();
+        log.clear();
+    }
+    ~Stage() override {
+        if (window)
+            DestroyWindow(window);
+    }
+
+    template <class Control = UILib::CControlUI>
+    Control& get(const wchar_t* name) {
+        return *static_cast<Control*>(manager.FindControl(name));
+    }
+    void mouse(UINT message, int x, int y) { SendMessageW(window, message, 0, MAKELPARAM(x, y)); }
+    void press(int x, int y) { mouse(WM_LBUTTONDOWN, x, y); }
+    void click(int x, int y) {
+        press(x, y);
+        mouse(WM_LBUTTONUP, x, y);
+        pump();
+    }
+    // As the program's loop does it. Pending paints are done last.
+    void pump() {
+        MSG message;
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+            if (UILib::CPaintManagerUI::TranslateMessage(&message))
+                continue;
+            TranslateMessage(&message);
+            DispatchMessageW(&message);
+        }
+    }
+    bool pumpUntil(const std::function<bool()>& condition) {
+        for (const DWORD start = GetTickCount(); !condition();) {
+            if (GetTickCount() - start > 5000)
+                return false;
+            pump();
+            MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
+        }
+        return true;
+    }
+    void key(HWND target, UINT virtualKey) {
+        PostMessageW(target, WM_KEYDOWN, virtualKey, 1);
+        PostMessageW(target, WM_KEYUP, virtualKey, static_cast<LPARAM>(0xC0000001));
+        pump();
+    }
+    void key(UINT virtualKey) { key(GetFocus(), virtualKey); }
+    std::string take() { return std::exchange(log, {}); }
+    uint32_t pixel(UILib::CControlUI& control, int x, int y) {
+        UILib::DibSurface surface(nullptr, Width, Height);
+        manager.PaintTree(surface.context(), {0, 0, Width, Height}, &control);
+        GdiFlush();
+        return surface.raster().row(y)[x] & 0xFFFFFF;
+    }
+
+    UILib::CPaintManagerUI manager;
+    std::function<void(UILib::TUINotify&)> onNotify;
+    UILib::TUINotify last;
+
+private:
+    const wchar_t* GetWindowClassName() const override { return L"uilib controls test"; }
+    LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
+        LRESULT result = 0;
+        if (manager.MessageHandler(message, wParam, lParam, result))
+            return result;
+        return CWindowWnd::HandleMessage(message, wParam, lParam);
+    }
+    void Notify(UILib::TUINotify& notification) override {
+        const std::wstring type(notification.type),
+            name(notification.sender ? notification.sender->GetName().GetData() : L"?");
+        if (type == L"setfocus" || type == L"killfocus" || type == L"windowinit")
+            return;
+        log += (log.empty() ? "" : " ") + std::string(name.begin(), name.end()) + "!" +
+               std::string(type.begin(), type.end());
+        last = notification;
+        if (onNotify)
+            onNotify(notification);
+    }
+
+    std::string log;
+};

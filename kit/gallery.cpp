@@ -1,16 +1,12 @@
-#include "kit/console.h"
+#include "kit/gallery.h"
+
 #include "kit/control_state.h"
-#include "kit/png.h"
-#include "kit/skin_document.h"
 #include "uilib/controls/control.h"
 #include "uilib/core/dialog_builder.h"
+#include "uilib/core/paint_manager.h"
 #include "uilib/core/render_engine.h"
 
-#include <cstdio>
-
 namespace kit {
-
-extern const Command galleryCommand;
 
 // One row of the sheet: a control named "it" in a box of its own for each state.
 struct Sample {
@@ -84,7 +80,12 @@ static bool drawCell(HDC context, const Sample& sample, const wchar_t* state, co
     return true;
 }
 
-static bool drawSheet(const UILib::DibSurface& sheet) {
+SIZE gallerySize() {
+    return {CaptionWidth + static_cast<int>(std::size(States)) * (CellWidth + Gap),
+            HeadHeight + static_cast<int>(std::size(Samples)) * (CellHeight + Gap)};
+}
+
+bool drawGallery(const UILib::DibSurface& sheet) {
     const RECT all = {0, 0, sheet.raster().width, sheet.raster().height};
     UILib::CRenderEngine::DrawColor(sheet.context(), all, 0xFF181C24);
     const auto columnAt = [](size_t column) {
@@ -106,30 +107,5 @@ static bool drawSheet(const UILib::DibSurface& sheet) {
     }
     return true;
 }
-
-static int run(const Arguments& arguments) {
-    if (arguments.size() != 1)
-        return wrongUsage(galleryCommand, "the picture to write, please");
-    UILib::CPaintManagerUI::SetInstance(GetModuleHandleW(nullptr));
-    const UILib::DibSurface sheet(nullptr,
-                                  CaptionWidth + static_cast<int>(std::size(States)) * (CellWidth + Gap),
-                                  HeadHeight + static_cast<int>(std::size(Samples)) * (CellHeight + Gap));
-    if (!sheet || !drawSheet(sheet))
-        return 1;
-    GdiFlush();
-    if (!writeFile(arguments[0], encodePng(sheet.raster(), Alpha::Drop))) {
-        fprintf(stderr, "vynkit gallery: cannot write %s\n", toUtf8(arguments[0]).c_str());
-        return 1;
-    }
-    return 0;
-}
-
-const Command galleryCommand = {
-    "gallery",
-    "OUT.png",
-    "draw every control in every state on one sheet",
-    "One row a kind of control, one column a state.\n",
-    run,
-};
 
 } // namespace kit

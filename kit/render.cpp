@@ -68,7 +68,7 @@ static int run(const Arguments& arguments) {
         return 1;
     document.layout(request.width, request.height);
     for (const auto& [name, state] : request.states)
-        if (!applyState(document.manager(), name, state))
+        if (!applyState(document, name, state))
             return 1;
     document.layout(request.width, request.height);
     UILib::DibSurface surface(nullptr, request.width, request.height);

@@ -219,3 +219,35 @@ TEST(ScrollBar, SnapsToItsUnit) {
     EXPECT_STREQ(bar.GetPicture(CScrollBarUI::PartThumb, CScrollBarUI::PictureHot),
                  L"file='scroll_thumb.png' source='8,0,16,8' mask='#FFFF00FF' corner='3,3,3,3'");
 }
+
+// Numbers beyond all sense give places that are limited, and no overflow on the way.
+TEST(Layouts, StayWithinLimitsWhateverASkinAsksFor) {
+    const wchar_t huge[] = L"width=\"2147483647\" height=\"2147483647\" minheight=\"2147483647\" "
+                           L"padding=\"2147483647,2147483647,2147483647,-2147483648\"/>";
+    for (const wchar_t* tag : {L"VBox", L"HBox", L"Container"}) {
+        std::wstring markup = std::wstring(L"<") + tag + L" vscrollbar=\"true\" hscrollbar=\"true\" " +
+                              L"childpadding=\"2147483647\" inset=\"-2147483648,2147483647,1,-5\">";
+        for (int i = 0; i < 5000; ++i)
+            markup += std::wstring(L"<Control ") + huge;
+        markup += L"<Control float=\"999,-999,999,999\" pos=\"-2147483648,0,2147483647,9\"/>";
+        Tree root = buildTree(markup + L"</" + tag + L">");
+        for (int width : {100, 0, 100000000}) {
+            root->SetPos({0, 0, width, 50}, false);
+            asContainer(*root).EndDown();
+            asContainer(*root).EndRight();
+            for (int i = 0; i < asContainer(*root).GetCount(); i += 500) {
+                const RECT& place = child(*root, i).GetPos();
+                EXPECT_LE(place.left, place.right);
+                EXPECT_LE(place.top, place.bottom);
+            }
+        }
+    }
+    std::wstring nested;
+    for (int i = 0; i < 150; ++i)
+        nested += L"<VBox float=\"500,500,900,900\" inset=\"1048576,1048576,-1048576,-1048576\">";
+    for (int i = 0; i < 150; ++i)
+        nested += L"</VBox>";
+    Tree root = buildTree(nested);
+    root->SetPos({0, 0, 100, 100}, false);
+    EXPECT_EQ(placeOf(*root), "0,0,100,100");
+}

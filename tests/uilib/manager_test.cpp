@@ -13,7 +13,8 @@ class Host : public CWindowWnd {
 public:
     Host() {
         CPaintManagerUI::SetInstance(GetModuleHandleW(nullptr));
-        Create(nullptr, L"", WS_POPUP | WS_VISIBLE, WS_EX_NOACTIVATE, 0, 0, 200, 200);
+        const POINT at = awayFromPointer();
+        Create(nullptr, L"", WS_POPUP | WS_VISIBLE, WS_EX_NOACTIVATE, at.x, at.y, 200, 200);
         EXPECT_NE(window, nullptr) << "these tests need a display";
         manager.Init(window);
         manager.AddNotifier(&creator);

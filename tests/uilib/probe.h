@@ -64,3 +64,11 @@ struct ProbeCreator : UILib::IDialogBuilderCallback, UILib::INotifyUI {
 
     std::vector<std::string> log;
 };
+
+// A place for a test's window on which the real pointer does not rest: its messages would
+// mix with those of the test.
+inline POINT awayFromPointer() {
+    POINT pointer = {};
+    GetCursorPos(&pointer);
+    return {pointer.x < 500 ? 600 : 50, 60};
+}

@@ -25,7 +25,8 @@ public:
         CPaintManagerUI::SetInstance(GetModuleHandleW(nullptr));
     }
     bool open(HWND owner = nullptr, DWORD style = WS_POPUP) {
-        return Create(owner, L"skin window", style, 0, 50, 60, 0, 0) != nullptr;
+        const POINT at = awayFromPointer();
+        return Create(owner, L"skin window", style, 0, at.x, at.y, 0, 0) != nullptr;
     }
 
     CPaintManagerUI& manager() { return paintManager; }

@@ -40,9 +40,9 @@ void CContainerUI::SetFloatPos(int index) {
     const POINT at = item->GetFixedXY();
     const TPercentInfo share = item->GetFloatPercent();
     const int w = GetWidth(), h = GetHeight();
-    item->SetPos({static_cast<int>(w * share.left) + at.x, static_cast<int>(h * share.top) + at.y,
-                  static_cast<int>(w * share.right) + at.x + item->GetFixedWidth(),
-                  static_cast<int>(h * share.bottom) + at.y + item->GetFixedHeight()},
+    item->SetPos({shareOf(w, share.left) + at.x, shareOf(h, share.top) + at.y,
+                  shareOf(w, share.right) + at.x + item->GetFixedWidth(),
+                  shareOf(h, share.bottom) + at.y + item->GetFixedHeight()},
                  false);
 }
 

@@ -8,6 +8,7 @@ RECT CControlUI::GetRelativePos() const {
 }
 
 void CControlUI::SetPos(RECT rectangle, bool invalidate) {
+    rectangle = place(rectangle);
     rectangle.right = std::max(rectangle.right, rectangle.left);
     rectangle.bottom = std::max(rectangle.bottom, rectangle.top);
     const RECT old = isEmpty(position) ? rectangle : position;
@@ -31,11 +32,11 @@ void CControlUI::SetPos(RECT rectangle, bool invalidate) {
 void CControlUI::placeFloating(const RECT& relative) {
     const RECT& outer = parent->position;
     const int w = width(outer), h = height(outer);
-    position = moved(relative, outer.left, outer.top);
-    fixedXY.x = relative.left - static_cast<int>(floatPercent.left * w);
-    fixedXY.y = relative.top - static_cast<int>(floatPercent.top * h);
-    fixedSize.cx = relative.right - fixedXY.x - static_cast<int>(floatPercent.right * w);
-    fixedSize.cy = relative.bottom - fixedXY.y - static_cast<int>(floatPercent.bottom * h);
+    position = place(moved(relative, outer.left, outer.top));
+    fixedXY.x = relative.left - shareOf(w, floatPercent.left);
+    fixedXY.y = relative.top - shareOf(h, floatPercent.top);
+    fixedSize.cx = relative.right - fixedXY.x - shareOf(w, floatPercent.right);
+    fixedSize.cy = relative.bottom - fixedXY.y - shareOf(h, floatPercent.bottom);
 }
 
 void CControlUI::invalidateWithin(RECT area) {
@@ -61,9 +62,9 @@ void CControlUI::placeCover() {
     }
     const POINT at = cover->GetFixedXY();
     const TPercentInfo share = cover->GetFloatPercent();
-    cover->SetPos({static_cast<int>(w * share.left) + at.x, static_cast<int>(h * share.top) + at.y,
-                   static_cast<int>(w * share.right) + at.x + cover->GetFixedWidth(),
-                   static_cast<int>(h * share.bottom) + at.y + cover->GetFixedHeight()},
+    cover->SetPos({shareOf(w, share.left) + at.x, shareOf(h, share.top) + at.y,
+                   shareOf(w, share.right) + at.x + cover->GetFixedWidth(),
+                   shareOf(h, share.bottom) + at.y + cover->GetFixedHeight()},
                   false);
 }
 

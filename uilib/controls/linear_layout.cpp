@@ -108,7 +108,7 @@ CLinearLayoutUI::Measure CLinearLayoutUI::measure(Extent room) const {
         result.neededAcross = std::max(result.neededAcross, across + item.acrossBefore + item.acrossAfter);
         ++result.count;
     }
-    result.fixedSum += GetChildPadding() * (result.count - 1);
+    result.fixedSum += int64_t{GetChildPadding()} * (result.count - 1);
     return result;
 }
 
@@ -129,9 +129,12 @@ int CLinearLayoutUI::acrossStart(const RECT& area, const Item& item, int size) c
 // out. The gaps and the margins of earlier children shorten the last adjustable child.
 int CLinearLayoutUI::placeItems(const RECT& area, Extent room, const Measure& measured) {
     const int expand =
-        measured.adjustable > 0 ? std::max((room.along - measured.fixedSum) / measured.adjustable, 0) : 0;
-    int rest = room.along, fixedSum = measured.fixedSum, adjusted = 0, needed = 0;
-    int at = (axis == Axis::Vertical ? area.top : area.left) - scrollPos(visibleBar(axis));
+        measured.adjustable > 0
+            ? place(std::max<int64_t>((room.along - measured.fixedSum) / measured.adjustable, 0))
+            : 0;
+    int64_t rest = room.along, fixedSum = measured.fixedSum, needed = 0;
+    int adjusted = 0;
+    int64_t at = (axis == Axis::Vertical ? area.top : area.left) - scrollPos(visibleBar(axis));
     for (int i = 0; i < GetCount(); ++i) {
         CControlUI* control = GetItemAt(i);
         if (!control->IsVisible())
@@ -143,11 +146,11 @@ int CLinearLayoutUI::placeItems(const RECT& area, Extent room, const Measure& me
         const Item item(*control, axis);
         rest -= item.before;
         int acrossLimit;
-        Extent size = estimate(item, room.across, rest, acrossLimit);
+        Extent size = estimate(item, room.across, place(rest), acrossLimit);
         if (size.along == 0) {
             const bool last = ++adjusted == measured.adjustable;
-            size.along =
-                limited(last ? std::max(rest - item.after - fixedSum, 0) : expand, item.least, item.most);
+            size.along = limited(last ? place(std::max<int64_t>(rest - item.after - fixedSum, 0)) : expand,
+                                 item.least, item.most);
         } else {
             size.along = limited(size.along, item.least, item.most);
             fixedSum -= size.along;
@@ -155,7 +158,7 @@ int CLinearLayoutUI::placeItems(const RECT& area, Extent room, const Measure& me
         const int wanted =
             item.acrossMost ? item.acrossMost : room.across - item.acrossBefore - item.acrossAfter;
         size.across = std::max(std::min(std::max(wanted, 0), acrossLimit), item.acrossLeast);
-        const int start = at + item.before, across = acrossStart(area, item, size.across);
+        const int start = place(at + item.before), across = acrossStart(area, item, size.across);
         if (axis == Axis::Vertical)
             control->SetPos({across, start, across + size.across, start + size.along}, false);
         else
@@ -164,7 +167,7 @@ int CLinearLayoutUI::placeItems(const RECT& area, Extent room, const Measure& me
         needed += item.before + size.along + item.after;
         rest -= size.along + GetChildPadding() + item.after;
     }
-    return needed;
+    return place(needed);
 }
 
 void CLinearLayoutUI::SetPos(RECT rectangle, bool invalidate) {
@@ -174,7 +177,7 @@ void CLinearLayoutUI::SetPos(RECT rectangle, bool invalidate) {
     if (!items.empty()) {
         const Extent room = available(area);
         const Measure measured = measure(room);
-        needed = {placeItems(area, room, measured) + GetChildPadding() * (measured.count - 1),
+        needed = {place(placeItems(area, room, measured) + int64_t{GetChildPadding()} * (measured.count - 1)),
                   measured.neededAcross};
     }
     const SIZE size = sizeOf(needed);

@@ -36,7 +36,7 @@ private:
     };
     struct Measure { // of the first pass
         int adjustable = 0;
-        int fixedSum = 0;
+        int64_t fixedSum = 0; // of any number of children
         int neededAcross = 0;
         int count = 0;
     };

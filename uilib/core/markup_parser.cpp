@@ -152,7 +152,7 @@ bool MarkupParser<Unit>::closeElement() {
     at += 2;
     skipBlanks();
     const View name = open.back().name;
-    if (!View(at, static_cast<size_t>(end - at)).starts_with(name))
+    if (static_cast<size_t>(end - at) < name.size() || !std::equal(name.begin(), name.end(), at))
         return fail(L"Unmatched closing tag");
     at += name.size();
     skipBlanks();

@@ -3,6 +3,7 @@
 #include "uilib/core/platform.h"
 
 #include <algorithm>
+#include <cstdint>
 
 // Arithmetic on the system's rectangles; right and bottom lie outside. An empty
 // rectangle meets nothing and adds nothing to a union.
@@ -45,6 +46,20 @@ constexpr RECT moved(const RECT& r, int dx, int dy) {
 }
 constexpr RECT shrunk(const RECT& r, const RECT& by) {
     return {r.left + by.left, r.top + by.top, r.right - by.right, r.bottom - by.bottom};
+}
+
+// Places stay within this, whatever a skin asks for, so that sums of a few fit an int.
+constexpr int64_t PlaceLimit = 1 << 28;
+
+constexpr int place(int64_t value) {
+    return static_cast<int>(std::clamp(value, -PlaceLimit, PlaceLimit));
+}
+constexpr RECT place(const RECT& r) {
+    return {place(r.left), place(r.top), place(r.right), place(r.bottom)};
+}
+// A share of a size, in whole pixels towards zero.
+constexpr int shareOf(int size, double share) {
+    return static_cast<int>(std::clamp(size * share, -double(PlaceLimit), double(PlaceLimit)));
 }
 
 // The lower limit wins where the two contradict.

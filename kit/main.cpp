@@ -10,14 +10,12 @@ namespace kit {
 // The table of all subcommands: each is an extern const Command of its own file.
 extern const Command countsCommand;
 extern const Command fetchCommand;
+extern const Command pageCommand;
 extern const Command serveCommand;
 extern const Command unpackCommand;
 
 static const std::initializer_list<const Command*> commands = {
-    &countsCommand,
-    &fetchCommand,
-    &serveCommand,
-    &unpackCommand,
+    &countsCommand, &fetchCommand, &pageCommand, &serveCommand, &unpackCommand,
 };
 
 static void printHelp(const Command& command, FILE* out) {

@@ -27,6 +27,12 @@ void QzVyMainFrame::InitWindow() {
     };
     update.checkVersion(true);
     _checkGameAndAppVersion();
+    panels.create(view.window(), model.market.shortCode);
+}
+
+void QzVyMainFrame::applySmallLayout() {
+    view.applySmallLayout();
+    panels.applySmallLayout();
 }
 
 void QzVyMainFrame::onCloseBtnClicked() {

@@ -140,11 +140,13 @@ std::optional<Fetched> fetch(const FetchOrder& order, const std::atomic<bool>& c
 }
 
 std::wstring resolveAddress(const std::wstring& base, const std::wstring& link) {
-    wchar_t address[LongestAddress + 1];
+    // Where the result has no room, not every system says so.
+    wchar_t address[LongestAddress + 1] = {};
     DWORD size = LongestAddress + 1;
-    if (link.empty() || !InternetCombineUrlW(base.c_str(), link.c_str(), address, &size, 0))
+    if (link.empty() || base.size() + link.size() > LongestAddress ||
+        !InternetCombineUrlW(base.c_str(), link.c_str(), address, &size, 0))
         return {};
-    return {address, size};
+    return address;
 }
 
 } // namespace engine

@@ -14,7 +14,7 @@ namespace {
 
 // Places of the design.
 constexpr int BandTop = 740;
-constexpr RECT WordMark = {40, 60, 700, 260};
+constexpr RECT WordMark = {40, 60, 700, 170};
 
 // A device context with a font, pen or brush in it for the time of a block.
 class Selection {

@@ -13,6 +13,7 @@ extern const Command fetchCommand;
 extern const Command galleryCommand;
 extern const Command layoutCommand;
 extern const Command markupCommand;
+extern const Command pageCommand;
 extern const Command renderCommand;
 extern const Command serveCommand;
 extern const Command stringsCommand;
@@ -20,7 +21,7 @@ extern const Command unpackCommand;
 extern const Command viewCommand;
 
 static const std::initializer_list<const Command*> commands = {
-    &countsCommand, &fetchCommand, &galleryCommand, &layoutCommand, &markupCommand,
+    &countsCommand, &fetchCommand, &galleryCommand, &layoutCommand, &markupCommand, &pageCommand,
     &renderCommand, &serveCommand, &stringsCommand, &unpackCommand, &viewCommand,
 };
 

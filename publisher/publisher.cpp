@@ -124,6 +124,7 @@ struct Publisher::Impl {
     void listRequests(httplib::Response& response) const;
     std::vector<Fault> takeFaults(const std::string& path);
     std::optional<Resource> find(const std::string& path);
+    std::string pageFor(const httplib::Request& request);
 
     std::string folder;
     httplib::Server server;
@@ -223,7 +224,10 @@ void Publisher::Impl::answer(const httplib::Request& request, httplib::Response&
         std::scoped_lock guard(lock);
         log.push_back(recordOf(request));
     }
-    std::optional<Resource> resource = find(request.path);
+    std::string path = request.path;
+    std::optional<Resource> resource = find(path);
+    if (!resource)
+        resource = find(path = pageFor(request));
     uint64_t size = resource ? resource->size() : 0;
     Reply reply =
         decideReply(request.path, size, resource ? rangeOf(request) : std::nullopt, takeFaults(request.path));
@@ -237,7 +241,7 @@ void Publisher::Impl::answer(const httplib::Request& request, httplib::Response&
     if (reply.sendsResource) {
         if (reply.status == 206)
             response.set_header("Content-Range", contentRange(reply, size));
-        answerBody(response, request.path, reply, std::move(*resource));
+        answerBody(response, path, reply, std::move(*resource));
     } else {
         answerPage(response, reply, size);
     }
@@ -309,6 +313,13 @@ std::optional<Resource> Publisher::Impl::find(const std::string& path) {
             return Resource(text->second);
     }
     return Resource::openFile(folder, path);
+}
+
+// A page in several languages is a folder: one file for each, English for all others.
+std::string Publisher::Impl::pageFor(const httplib::Request& request) {
+    const std::string language = request.get_param_value("language");
+    std::string page = request.path + "/" + language + ".html";
+    return !language.empty() && find(page) ? page : request.path + "/en.html";
 }
 
 } // namespace publisher

@@ -10,7 +10,9 @@
 // Stand-in of the publisher's servers: serves documents, packages, images and pages over
 // HTTP on the loopback address, with ranges, and can be a bad server on demand.
 //
-// A resource is a text given to publish, else a file below the folder. Each request has a
+// A resource is a text given to publish, else a file below the folder. A folder with the
+// files en.html, kr.html and so on answers as the page of the language that the query
+// names (?language=kr), in English when it has no such file. Each request has a
 // connection of its own. All operations may be called from any thread; text is UTF-8,
 // paths begin with a slash and carry no query.
 //

@@ -62,6 +62,7 @@ def main():
         os.link(archive, publisher.folder / "player.7z")
         publisher.configuration(appminversion=5100, playerminversion=2100)
         publisher.player("/player.7z")
+        subprocess.run([sys.executable, ROOT / "publisher/pages/make_pages.py", publisher.folder], check=True)
         publisher.fault("/player.7z", "slow", RATE)
         launcher = stage.launcher()
         launcher.start()

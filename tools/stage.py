@@ -228,7 +228,8 @@ class Launcher:
         self.process = None
         shutil.rmtree(folder, ignore_errors=True)
         folder.mkdir(parents=True)
-        shutil.copy(BIN / "tkvyn.exe", folder)
+        for name in ("tkvyn.exe", "node.dll"):
+            shutil.copy(BIN / name, folder)
         wine.call("reg", "delete", REGISTRY_KEY, "/f")
 
     @property

@@ -153,7 +153,7 @@ void QzVyImpl::fitMainFrame() {
         window.center();
     }
     if (needsSmallLayout(size))
-        window.applySmallLayout();
+        mainFrame->applySmallLayout();
 }
 
 void QzVyImpl::runMessageLoop() {

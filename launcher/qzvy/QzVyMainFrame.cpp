@@ -29,6 +29,12 @@ void QzVyMainFrame::InitWindow() {
     };
     update.checkVersion(true);
     _checkGameAndAppVersion();
+    panels.create(view.GetHWND(), model.market.shortCode);
+}
+
+void QzVyMainFrame::applySmallLayout() {
+    view.applySmallLayout();
+    panels.applySmallLayout();
 }
 
 // Those that not every market has. What is no longer than that is no address.

@@ -2,6 +2,7 @@
 
 #include "archive/extract.h"
 #include "launcher/qzvy/MainFrameView.h"
+#include "launcher/qzvy/WebPanels.h"
 #include "utility/http_downloader.h"
 #include "utility/task_dispatcher.h"
 #include "utility/worker_thread.h"
@@ -33,6 +34,8 @@ public:
     HWND create(DWORD style) { return view.create(style, *this); }
 
     MainFrameView& window() { return view; }
+
+    void applySmallLayout(); // for heights of 800 and less
 
     // Compares what is installed with the limits and sets the start button accordingly.
     void _checkGameAndAppVersion();
@@ -105,6 +108,7 @@ private:
     void tickInstallBar();
 
     MainFrameView view;
+    WebPanels panels;
     common::WorkerThread downloadThread;
     uint32_t lastTick = 0; // of the last report of the WinINet path, in milliseconds
     int32_t percent = 0;

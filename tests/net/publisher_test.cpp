@@ -90,6 +90,16 @@ TEST_F(PublisherServer, servesItsFolderAndNothingElse) {
         EXPECT_EQ(statusOf(path), 404) << path;
 }
 
+TEST_F(PublisherServer, givesAPageInTheLanguageOfTheQuery) {
+    server->publish("/banner/en.html", "hello");
+    server->publish("/banner/kr.html", "annyeong");
+    EXPECT_EQ(client->Get("/banner?language=kr")->body, "annyeong");
+    for (const char* query : {"", "?language=", "?language=xx", "?language=../secret", "?language=en.html"})
+        EXPECT_EQ(client->Get(std::string("/banner") + query)->body, "hello") << query;
+    EXPECT_EQ(client->Get("/banner?language=kr")->get_header_value("Content-Type"),
+              "text/html; charset=utf-8");
+}
+
 TEST_F(PublisherServer, takesFaultsFromOutside) {
     EXPECT_EQ(client->Post("/control/fault?path=/pages/a.html&kind=status&value=503&times=1")->status, 200);
     EXPECT_EQ(statusOf("/pages/a.html"), 503);

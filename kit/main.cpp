@@ -10,12 +10,16 @@ namespace kit {
 // The table of all subcommands: each is an extern const Command of its own file.
 extern const Command countsCommand;
 extern const Command fetchCommand;
+extern const Command layoutCommand;
+extern const Command markupCommand;
 extern const Command pageCommand;
+extern const Command renderCommand;
 extern const Command serveCommand;
 extern const Command unpackCommand;
 
 static const std::initializer_list<const Command*> commands = {
-    &countsCommand, &fetchCommand, &pageCommand, &serveCommand, &unpackCommand,
+    &countsCommand, &fetchCommand,  &layoutCommand, &markupCommand,
+    &pageCommand,   &renderCommand, &serveCommand,  &unpackCommand,
 };
 
 static void printHelp(const Command& command, FILE* out) {

@@ -237,8 +237,12 @@ class Launcher:
         return self.folder / "game"
 
     def start(self, locale=None):
-        self.process = self.wine.start(windows_path(self.folder / "tkvyn.exe"), cwd=self.folder, locale=locale)
+        self.start_unseen(locale)
         wait_for(self.window, 30, "the launcher's window")
+
+    def start_unseen(self, locale=None):
+        """Without waiting for the window, which may be gone before one looks."""
+        self.process = self.wine.start(windows_path(self.folder / "tkvyn.exe"), cwd=self.folder, locale=locale)
 
     def window(self):
         return self.display.window("VYN")

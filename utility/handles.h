@@ -75,13 +75,35 @@ struct GdiTraits { // not while it is selected into a device context
     static void close(Handle handle) { DeleteObject(handle); }
 };
 
+struct MemoryContextTraits { // of CreateCompatibleDC
+    using Handle = HDC;
+    static Handle empty() { return nullptr; }
+    static void close(Handle handle) { DeleteDC(handle); }
+};
+
 using KernelHandle = Owner<KernelHandleTraits>;
 using FileOwner = Owner<FileHandleTraits>;
 using FindHandle = Owner<FindHandleTraits>;
 using Key = Owner<KeyTraits>;
 using Module = Owner<ModuleTraits>;
+using Bitmap = Owner<GdiTraits<HBITMAP>>;
 using Font = Owner<GdiTraits<HFONT>>;
 using Brush = Owner<GdiTraits<HBRUSH>>;
 using Pen = Owner<GdiTraits<HPEN>>;
+using Region = Owner<GdiTraits<HRGN>>;
+using MemoryContext = Owner<MemoryContextTraits>;
+
+// Selects an object into a device context and puts the old one back at the end.
+class Selection {
+public:
+    Selection(HDC context, HGDIOBJ object) : context(context), old(SelectObject(context, object)) {}
+    Selection(const Selection&) = delete;
+    Selection& operator=(const Selection&) = delete;
+    ~Selection() { SelectObject(context, old); }
+
+private:
+    HDC context;
+    HGDIOBJ old;
+};
 
 } // namespace utility

@@ -38,7 +38,7 @@ class Update(Scene):
         os.link(BIN / "update_program.exe", program)
         self.publisher.update(ver=10100, strVer="1.1.0", url=self.publisher.address + "/new.exe", content="new",
                               forceVer=10100, noiceVer=0)
-        self.launcher.start()
+        self.launcher.start_unseen()
         folder = self.launcher.folder / "update"
         argument = folder / "argument.txt"
         wait_for(argument.exists, 60, "the new program's start")

@@ -1,6 +1,6 @@
 #include "launcher/qzvy/QzVyModel.h"
 #include "shell/QzVySetupImpl.h"
-#include "support.h"
+#include "tests/launcher/support.h"
 
 #include <thread>
 

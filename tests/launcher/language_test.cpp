@@ -1,6 +1,6 @@
 // The language table that the program carries, as its translators left it.
 
-#include "support.h"
+#include "tests/launcher/support.h"
 #include "utility/text.h"
 
 namespace {

@@ -1,5 +1,5 @@
 #include "launcher/qzvy/QzVyModel.h"
-#include "support.h"
+#include "tests/launcher/support.h"
 #include "utility/registry.h"
 
 namespace {

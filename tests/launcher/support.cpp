@@ -1,4 +1,4 @@
-#include "support.h"
+#include "tests/launcher/support.h"
 
 #include "utility/encoding.h"
 #include "utility/endpoints.h"

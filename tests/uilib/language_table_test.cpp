@@ -54,7 +54,7 @@ TEST(LanguageTable, TreatsRowsByTheFieldsTheyHave) {
 }
 
 TEST(LanguageTable, StopsAtALineThatBeginsWithNul) {
-    const std::string bytes = Head + std::string("L\ta\t1\t2\t3\n\0L\tb\t1\t2\t3\n", 21);
+    const std::string bytes = Head + "L\ta\t1\t2\t3\n" + std::string(1, '\0') + "L\tb\t1\t2\t3\n";
     const LanguageTable table = parse(bytes, L"en_US");
     EXPECT_EQ(textOf(table, L"a"), L"1");
     EXPECT_EQ(textOf(table, L"b"), L"(none)");

@@ -11,3 +11,4 @@
 #undef FindWindow
 #undef SendMessage
 #undef PostMessage
+#undef TranslateAccelerator

@@ -65,6 +65,15 @@ char32_t takeCodePoint(std::wstring_view text, size_t& at) {
 
 } // namespace
 
+char32_t takeUtf8(const char*& at, const char* end) {
+    const auto* bytes = reinterpret_cast<const unsigned char*>(at);
+    int length = 1;
+    const char32_t value =
+        *bytes < 0x80 ? *bytes : decodeSequence(bytes, reinterpret_cast<const unsigned char*>(end), length);
+    at += length;
+    return value;
+}
+
 wchar_t* decodeUtf8(std::string_view bytes, wchar_t* target) {
     const auto* at = reinterpret_cast<const unsigned char*>(bytes.data());
     const auto* end = at + bytes.size();

@@ -8,6 +8,9 @@
 
 namespace UILib {
 
+// The code point at the front of bytes, which are not empty; at moves behind it.
+char32_t takeUtf8(const char*& at, const char* end);
+
 // Writes at most bytes.size() units to target and returns the end of what it wrote.
 wchar_t* decodeUtf8(std::string_view bytes, wchar_t* target);
 

@@ -1,6 +1,7 @@
+#include "uilib/core/skin_resources.h"
+
 #include "archive/extract.h"
 #include "uilib/core/language_table.h"
-#include "uilib/core/paint_manager.h"
 #include "utility/handles.h"
 #include "utility/log.h"
 
@@ -96,7 +97,7 @@ constexpr ColorKey ColorKeys[] = {{L"mainToolbar", L"FF06061F"},      {L"mainCon
 
 } // namespace
 
-void CPaintManagerUI::SetInstance(HINSTANCE instance) {
+void SkinResources::SetInstance(HINSTANCE instance) {
     resources().instance = instance;
     OSVERSIONINFOW version{};
     version.dwOSVersionInfoSize = sizeof version;
@@ -105,23 +106,23 @@ void CPaintManagerUI::SetInstance(HINSTANCE instance) {
     LoadCustomColors();
 }
 
-HINSTANCE CPaintManagerUI::GetInstance() {
+HINSTANCE SkinResources::GetInstance() {
     return resources().instance;
 }
 
-CUIString CPaintManagerUI::GetInstancePath() {
+CUIString SkinResources::GetInstancePath() {
     return resources().instance ? directoryOf(resources().instance) : CUIString();
 }
 
-HINSTANCE CPaintManagerUI::GetResourceDll() {
+HINSTANCE SkinResources::GetResourceDll() {
     return resources().resourceModule ? resources().resourceModule : resources().instance;
 }
 
-unsigned CPaintManagerUI::GetOSMajorVersion() {
+unsigned SkinResources::GetOSMajorVersion() {
     return resources().osMajorVersion;
 }
 
-void CPaintManagerUI::SetResourcePath(const CUIString& path) {
+void SkinResources::SetResourcePath(const CUIString& path) {
     resources().path.Empty();
     if (path.IsEmpty() || !pathExists(path))
         return;
@@ -130,26 +131,26 @@ void CPaintManagerUI::SetResourcePath(const CUIString& path) {
         resources().path += L'\\';
 }
 
-CUIString CPaintManagerUI::GetResourcePath() {
+CUIString SkinResources::GetResourcePath() {
     return resources().path;
 }
 
-void CPaintManagerUI::LoadResourceArchive(unsigned resourceNumber, const wchar_t* languageFile) {
+void SkinResources::LoadResourceArchive(unsigned resourceNumber, const wchar_t* languageFile) {
     const HINSTANCE module = GetResourceDll();
     if (HRSRC found = FindResourceW(module, MAKEINTRESOURCEW(resourceNumber), L"ZIPRES")) {
         const DWORD size = SizeofResource(module, found);
         const void* bytes = LockResource(LoadResource(module, found));
         if (bytes && size)
-            archive::extractArchiveFromMemory(bytes, size, &CPaintManagerUI::AddArchiveEntry);
+            archive::extractArchiveFromMemory(bytes, size, &SkinResources::AddArchiveEntry);
     }
     LoadLanguageTable(languageFile);
 }
 
-void CPaintManagerUI::AddArchiveEntry(const wchar_t* name, const void* bytes, uint32_t size) {
+void SkinResources::AddArchiveEntry(const wchar_t* name, const void* bytes, uint32_t size) {
     resources().archive[name].assign(static_cast<const char*>(bytes), size);
 }
 
-std::unique_ptr<unsigned char[]> CPaintManagerUI::LoadFileBytes(const wchar_t* name, uint32_t& size) {
+std::unique_ptr<unsigned char[]> SkinResources::LoadFileBytes(const wchar_t* name, uint32_t& size) {
     size = 0;
     if (!name || !*name)
         return nullptr;
@@ -170,15 +171,15 @@ std::unique_ptr<unsigned char[]> CPaintManagerUI::LoadFileBytes(const wchar_t* n
     return copy;
 }
 
-void CPaintManagerUI::SetLanguageCode(const CUIString& primary, const CUIString& fallback) {
+void SkinResources::SetLanguageCode(const CUIString& primary, const CUIString& fallback) {
     resources().languageCode = primary.IsEmpty() ? fallback : primary;
 }
 
-CUIString CPaintManagerUI::GetLanguageCode() {
+CUIString SkinResources::GetLanguageCode() {
     return resources().languageCode;
 }
 
-void CPaintManagerUI::LoadLanguageTable(const wchar_t* fileName) {
+void SkinResources::LoadLanguageTable(const wchar_t* fileName) {
     // A table beside the program is the only candidate once it opens, usable or not.
     const FileContent beside = readFile(GetInstancePath() + fileName, LanguageFileLimit);
     if (beside.opened) {
@@ -195,33 +196,33 @@ void CPaintManagerUI::LoadLanguageTable(const wchar_t* fileName) {
         ParseLanguageTable(bytes.get(), size);
 }
 
-void CPaintManagerUI::ParseLanguageTable(const void* bytes, uint32_t size) {
+void SkinResources::ParseLanguageTable(const void* bytes, uint32_t size) {
     parseLanguageTable({static_cast<const char*>(bytes), size}, resources().languageCode,
                        resources().language);
 }
 
-const wchar_t* CPaintManagerUI::GetLanguageText(const CUIString& key) {
+const wchar_t* SkinResources::GetLanguageText(const CUIString& key) {
     const auto& texts = resources().language.texts;
     const auto hit = texts.find(key);
     return hit == texts.end() ? nullptr : hit->second.GetData();
 }
 
-void CPaintManagerUI::AddLanguageText(const CUIString& key, const CUIString& text) {
+void SkinResources::AddLanguageText(const CUIString& key, const CUIString& text) {
     resources().language.texts[key] = text;
 }
 
-void CPaintManagerUI::ResolveLanguageKey(CUIString& text) {
+void SkinResources::ResolveLanguageKey(CUIString& text) {
     if (text.GetLength() < 2 || text.GetAt(0) != L'@')
         return;
     if (const wchar_t* found = GetLanguageText(text.Mid(1)))
         text = found;
 }
 
-int CPaintManagerUI::GetLanguageCount() {
+int SkinResources::GetLanguageCount() {
     return resources().language.languageCount();
 }
 
-void CPaintManagerUI::GetLanguageInfo(int index, CUIString& code, CUIString& name) {
+void SkinResources::GetLanguageInfo(int index, CUIString& code, CUIString& name) {
     const LanguageTable& table = resources().language;
     const size_t field = static_cast<size_t>(index) + 2;
     if (index < 0 || field >= table.codes.size() || field >= table.names.size())
@@ -230,7 +231,7 @@ void CPaintManagerUI::GetLanguageInfo(int index, CUIString& code, CUIString& nam
     name = table.names[field];
 }
 
-void CPaintManagerUI::LoadCustomColors() {
+void SkinResources::LoadCustomColors() {
     const CUIString path = directoryOf(nullptr) + L"colors.ini";
     if (GetFileAttributesW(path) == INVALID_FILE_ATTRIBUTES)
         return;
@@ -243,7 +244,7 @@ void CPaintManagerUI::LoadCustomColors() {
     }
 }
 
-uint32_t CPaintManagerUI::GetCustomColor(int index) {
+uint32_t SkinResources::GetCustomColor(int index) {
     const auto& colors = resources().colors;
     if (index < 0 || static_cast<size_t>(index) >= colors.size())
         return 0;
@@ -256,10 +257,10 @@ const wchar_t* languageText(const char* key) {
     for (; key[length] && length + 1 < std::size(wide); ++length)
         wide[length] = static_cast<unsigned char>(key[length]);
     const CUIString name(wide, static_cast<int>(length));
-    if (const wchar_t* text = CPaintManagerUI::GetLanguageText(name))
+    if (const wchar_t* text = SkinResources::GetLanguageText(name))
         return text;
-    CPaintManagerUI::AddLanguageText(name, name);
-    return CPaintManagerUI::GetLanguageText(name);
+    SkinResources::AddLanguageText(name, name);
+    return SkinResources::GetLanguageText(name);
 }
 
 } // namespace UILib

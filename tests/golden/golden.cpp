@@ -1,0 +1,97 @@
+#include "tests/golden/golden.h"
+
+#include "kit/png.h"
+#include "uilib/core/image_decode.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <vector>
+
+namespace golden {
+
+namespace fs = std::filesystem;
+using UILib::Raster;
+
+namespace {
+
+const fs::path Kept = GOLDEN_FOLDER;     // in the sources
+const fs::path Left = GOLDEN_MISMATCHES; // in the build tree
+
+struct Picture {
+    std::vector<uint32_t> pixels;
+    Raster raster;
+};
+
+Picture blank(int width, int height) {
+    Picture picture;
+    picture.pixels.assign(static_cast<size_t>(width) * static_cast<size_t>(height), 0xFF000000);
+    picture.raster = {picture.pixels.data(), width, height, width};
+    return picture;
+}
+
+Picture read(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    const std::string bytes(std::istreambuf_iterator<char>(file), {});
+    const UILib::DecodedImage decoded = UILib::decodeImage(bytes.data(), bytes.size());
+    if (!decoded)
+        return {};
+    Picture picture = blank(decoded.width, decoded.height);
+    UILib::premultiply(decoded.rgba.get(), picture.pixels.size(), picture.pixels.data(), 0);
+    return picture;
+}
+
+void write(const fs::path& path, const Raster& picture) {
+    fs::create_directories(path.parent_path());
+    kit::writeFile(path.wstring(), kit::encodePng(picture, kit::Alpha::Drop));
+}
+
+int distance(uint32_t a, uint32_t b) {
+    int most = 0;
+    for (int shift : {16, 8, 0})
+        most = std::max(most,
+                        std::abs(static_cast<int>(a >> shift & 0xFF) - static_cast<int>(b >> shift & 0xFF)));
+    return most;
+}
+
+// Paints where they differ, in red as strong as the difference; the number of pixels.
+int difference(const Raster& a, const Raster& b, const Raster& out) {
+    int count = 0;
+    for (int y = 0; y < out.height; ++y)
+        for (int x = 0; x < out.width; ++x) {
+            const int apart = distance(a.row(y)[x], b.row(y)[x]);
+            const uint32_t grey = (a.row(y)[x] >> 8 & 0xFF) / 4;
+            out.row(y)[x] = 0xFF000000 | grey << 16 | grey << 8 | grey;
+            if (apart > Tolerance) {
+                ++count;
+                out.row(y)[x] = 0xFF000000 | static_cast<uint32_t>(128 + apart / 2) << 16;
+            }
+        }
+    return count;
+}
+
+} // namespace
+
+testing::AssertionResult matches(const Raster& painted, const std::string& name) {
+    const fs::path path = Kept / (name + ".png");
+    if (getenv("VYN_RENEW_GOLDEN")) {
+        write(path, painted);
+        return testing::AssertionSuccess();
+    }
+    const Picture old = read(path);
+    if (old.raster.width != painted.width || old.raster.height != painted.height) {
+        write(Left / (name + ".png"), painted);
+        return testing::AssertionFailure() << name << ": no such picture, or of another size";
+    }
+    Picture apart = blank(painted.width, painted.height);
+    const int count = difference(painted, old.raster, apart.raster);
+    if (count == 0)
+        return testing::AssertionSuccess();
+    write(Left / (name + ".png"), painted);
+    write(Left / (name + ".old.png"), old.raster);
+    write(Left / (name + ".difference.png"), apart.raster);
+    return testing::AssertionFailure() << name << ": " << count << " pixels differ, see " << Left;
+}
+
+} // namespace golden

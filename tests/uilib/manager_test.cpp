@@ -1,0 +1,325 @@
+#include "tests/uilib/probe.h"
+#include "uilib/controls/container.h"
+#include "uilib/core/window.h"
+
+#include <gtest/gtest.h>
+
+using namespace UILib;
+
+namespace {
+
+// A small window with a manager and nothing else; its messages are real.
+class Host : public CWindowWnd {
+public:
+    Host() {
+        CPaintManagerUI::SetInstance(GetModuleHandleW(nullptr));
+        Create(nullptr, L"", WS_POPUP | WS_VISIBLE, WS_EX_NOACTIVATE, 0, 0, 200, 200);
+        EXPECT_NE(window, nullptr) << "these tests need a display";
+        manager.Init(window);
+        manager.AddNotifier(&creator);
+    }
+    ~Host() override { DestroyWindow(window); }
+
+    CControlUI* attach(const std::wstring& elements, int width = 100, int height = 100) {
+        CDialogBuilder builder;
+        CControlUI* root =
+            builder.Create((L"<Window>" + elements + L"</Window>").c_str(), nullptr, &creator, &manager);
+        manager.AttachDialog(root);
+        root->SetPos({0, 0, width, height}, false);
+        paint();
+        creator.take();
+        return root;
+    }
+    // What the first paint does besides painting: after it no update is pending.
+    void paint() {
+        LRESULT result;
+        InvalidateRect(window, nullptr, FALSE);
+        manager.MessageHandler(WM_PAINT, 0, 0, result);
+        pump();
+    }
+    void pump() {
+        MSG message;
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+            DispatchMessageW(&message);
+    }
+    LRESULT mouse(UINT message, int x, int y) { return SendMessage(message, 0, MAKELPARAM(x, y)); }
+    Probe& probe(const wchar_t* name) { return static_cast<Probe&>(*manager.FindControl(name)); }
+    std::string take() { return creator.take(); }
+
+    CPaintManagerUI manager;
+    ProbeCreator creator;
+
+private:
+    const wchar_t* GetWindowClassName() const override { return L"uilib test host"; }
+    LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
+        LRESULT result = 0;
+        if (manager.MessageHandler(message, wParam, lParam, result))
+            return result;
+        return CWindowWnd::HandleMessage(message, wParam, lParam);
+    }
+};
+
+const wchar_t TwoProbes[] =
+    L"<VBox><Probe name=\"a\" height=\"50\"/><Probe name=\"b\" height=\"50\"/></VBox>";
+const wchar_t ThreeStops[] =
+    L"<VBox><Stop name=\"a\" height=\"10\"/><Probe name=\"x\" height=\"10\"/>"
+    L"<Stop name=\"b\" height=\"10\"/><Stop name=\"off\" enabled=\"false\"/>"
+    L"<Stop name=\"gone\" visible=\"false\"/><Stop name=\"c\" height=\"10\"/></VBox>";
+
+} // namespace
+
+TEST(PaintManager, HoverFollowsTheMouse) {
+    Host host;
+    host.attach(TwoProbes);
+    host.mouse(WM_MOUSEMOVE, 5, 5);
+    EXPECT_EQ(host.take(), "a:11 a:9");
+    host.mouse(WM_MOUSEMOVE, 6, 5);
+    EXPECT_EQ(host.take(), "a:9");
+    EXPECT_EQ(host.probe(L"a").last.mouse.x, 6);
+    host.mouse(WM_MOUSEMOVE, 5, 60);
+    EXPECT_EQ(host.take(), "a:10 b:11 b:9");
+    host.mouse(WM_MOUSEMOVE, -1, -1);
+    EXPECT_EQ(host.take(), "b:10");
+}
+
+TEST(PaintManager, ListenersOfMouseLeaveHearOfEveryChange) {
+    Host host;
+    host.attach(TwoProbes);
+    EXPECT_TRUE(host.manager.AddMouseLeaveNeeded(&host.probe(L"b")));
+    EXPECT_FALSE(host.manager.AddMouseLeaveNeeded(&host.probe(L"b")));
+    host.mouse(WM_MOUSEMOVE, 5, 5);
+    host.take();
+    host.mouse(WM_MOUSEMOVE, -1, -1);
+    EXPECT_EQ(host.take(), "b:10 a:10");
+    EXPECT_TRUE(host.manager.RemoveMouseLeaveNeeded(&host.probe(L"b")));
+}
+
+TEST(PaintManager, APressKeepsTheMouseUntilItsRelease) {
+    Host host;
+    host.attach(TwoProbes);
+    host.mouse(WM_MOUSEMOVE, 5, 5);
+    host.mouse(WM_LBUTTONDOWN, 5, 5);
+    EXPECT_TRUE(host.manager.IsCaptured());
+    EXPECT_EQ(host.take(), "a:11 a:9 a:21 a!setfocus a:13");
+    host.mouse(WM_MOUSEMOVE, 5, 60);
+    EXPECT_EQ(host.take(), "a:9");
+    host.mouse(WM_LBUTTONUP, 5, 60);
+    EXPECT_FALSE(host.manager.IsCaptured());
+    EXPECT_EQ(host.take(), "a:14");
+    host.mouse(WM_MOUSEMOVE, 5, 60);
+    EXPECT_EQ(host.take(), "a:10 b:11 b:9");
+    host.mouse(WM_LBUTTONUP, 5, 60); // of no press
+    EXPECT_EQ(host.take(), "");
+}
+
+TEST(PaintManager, DoubleClicksRightClicksAndMenus) {
+    Host host;
+    host.attach(L"<VBox><Probe name=\"a\" menu=\"true\"/></VBox>");
+    host.mouse(WM_LBUTTONDBLCLK, 5, 5);
+    EXPECT_EQ(host.take(), "a:16");
+    EXPECT_EQ(host.manager.GetFocus(), nullptr);
+    host.mouse(WM_LBUTTONUP, 5, 5);
+    host.mouse(WM_RBUTTONDOWN, 5, 5);
+    EXPECT_EQ(host.take(), "a:14 a:21 a!setfocus a:15");
+    host.SendMessage(WM_CONTEXTMENU, 0, 0);
+    EXPECT_EQ(host.take(), "a:17 a!menu");
+    host.SendMessage(WM_CONTEXTMENU, 0, 0); // the press has been used up
+    EXPECT_EQ(host.take(), "");
+}
+
+TEST(PaintManager, UnhandledEventsGoUpToTheParents) {
+    Host host;
+    host.attach(L"<VBox vscrollbar=\"true\"><Probe name=\"a\" height=\"80\"/><Probe name=\"b\" "
+                L"height=\"80\"/></VBox>");
+    POINT point = {5, 5};
+    ClientToScreen(host, &point);
+    host.SendMessage(WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-120)), MAKELPARAM(point.x, point.y));
+    EXPECT_GT(static_cast<CContainerUI*>(host.manager.GetRoot())->GetScrollPos().cy, 0);
+    EXPECT_EQ(host.take().substr(0, 4), "a:18");
+    EXPECT_EQ(host.probe(L"a").last.kind, EventMouseMove); // what scrolled away hears of it
+}
+
+TEST(PaintManager, KeysGoToTheFocusAndTheirReleaseToWhoHadThem) {
+    Host host;
+    host.attach(TwoProbes);
+    host.SendMessage(WM_KEYDOWN, 'Q', 0);
+    EXPECT_EQ(host.take(), "");
+    host.probe(L"a").SetFocus();
+    host.take();
+    host.SendMessage(WM_KEYDOWN, 'Q', 0);
+    host.SendMessage(WM_CHAR, 'q', 0);
+    EXPECT_EQ(host.probe(L"a").last.key, L'q');
+    host.probe(L"b").SetFocus();
+    EXPECT_EQ(host.take(), "a:3 a:5 a:20 a!killfocus b:21 b!setfocus");
+    host.SendMessage(WM_KEYUP, 'Q', 0);
+    host.SendMessage(WM_KEYUP, 'Q', 0);
+    EXPECT_EQ(host.take(), "a:4");
+    host.probe(L"b").SetVisible(false);
+    EXPECT_EQ(host.manager.GetFocus(), nullptr);
+    host.probe(L"a").SetEnabled(false);
+    host.probe(L"a").SetFocus(); // cannot take it
+    EXPECT_EQ(host.manager.GetFocus(), nullptr);
+}
+
+TEST(PaintManager, TabWalksTheStopsAndWraps) {
+    Host host;
+    host.attach(ThreeStops);
+    std::wstring order;
+    const auto step = [&](Tab direction) {
+        host.manager.SetNextTabControl(direction);
+        return std::wstring(host.manager.GetFocus()->GetName());
+    };
+    host.manager.SetFocus(nullptr, FocusWindow::No);
+    EXPECT_EQ(step(Tab::Forward), L"a");
+    EXPECT_EQ(step(Tab::Forward), L"b");
+    EXPECT_EQ(step(Tab::Forward), L"c");
+    EXPECT_EQ(step(Tab::Forward), L"a");
+    EXPECT_EQ(step(Tab::Backward), L"c");
+    EXPECT_EQ(step(Tab::Backward), L"b");
+    host.manager.SetFocus(nullptr, FocusWindow::No);
+    EXPECT_EQ(step(Tab::Backward), L"a");
+    LRESULT result;
+    EXPECT_TRUE(host.manager.PreMessageHandler(WM_KEYDOWN, VK_TAB, 0, result));
+    EXPECT_TRUE(host.manager.GetFocus()->GetName() == L"b");
+    host.manager.SetFocusNeeded(&host.probe(L"c"));
+    host.paint();
+    host.paint(); // the first one lays out
+    EXPECT_TRUE(host.manager.GetFocus()->GetName() == L"c");
+}
+
+TEST(PaintManager, ShortcutsActivate) {
+    Host host;
+    host.attach(L"<VBox><Stop name=\"field\"/><Label name=\"text\" shortcut=\"n\"/>"
+                L"<Stop name=\"ok\" shortcut=\"O\"/></VBox>");
+    LRESULT result;
+    EXPECT_TRUE(host.manager.PreMessageHandler(WM_SYSCHAR, 'o', 0, result));
+    EXPECT_EQ(host.take(), "ok:21 ok!setfocus ok:activate");
+    EXPECT_TRUE(host.manager.PreMessageHandler(WM_SYSCHAR, 'N', 0, result));
+    EXPECT_NE(host.take().find("field:activate"), std::string::npos); // the walk goes upwards
+    EXPECT_FALSE(host.manager.PreMessageHandler(WM_SYSCHAR, 'z', 0, result));
+    host.probe(L"ok").SetFocus();
+    host.take();
+    host.manager.PreMessageHandler(WM_SYSKEYDOWN, VK_F5, 0, result);
+    EXPECT_EQ(host.take(), "ok:6");
+}
+
+TEST(PaintManager, QueuedNotificationsMergeOnRequest) {
+    Host host;
+    host.attach(TwoProbes);
+    TUINotify notification;
+    notification.type = L"tick";
+    notification.sender = &host.probe(L"a");
+    for (int i = 0; i < 3; ++i)
+        host.manager.SendNotify(notification, Delivery::Queued, Repeats::Merge);
+    host.manager.SendNotify(&host.probe(L"b"), L"tick", 0, 0, Delivery::Queued);
+    host.manager.SendNotify(&host.probe(L"b"), L"tick", 0, 0, Delivery::Queued);
+    EXPECT_EQ(host.take(), "");
+    host.pump();
+    EXPECT_EQ(host.take(), "a!tick b!tick b!tick");
+}
+
+TEST(PaintManager, RemovedControlsLiveUntilTheQueueRuns) {
+    Host host;
+    CControlUI* root = host.attach(TwoProbes);
+    Probe& a = host.probe(L"a");
+    bool gone = false;
+    struct Watch {
+        bool* gone;
+        bool set(CControlUI&) { return *gone = true; }
+    } watch{&gone};
+    a.OnDestroy.Add(&watch, &Watch::set);
+    a.SetFocus();
+    host.manager.SetTimer(&a, 1, 100000);
+    host.manager.SendNotify(&a, L"late", 0, 0, Delivery::Queued);
+    host.mouse(WM_MOUSEMOVE, 5, 5);
+    static_cast<CContainerUI*>(root)->Remove(&a);
+    EXPECT_FALSE(gone);
+    host.take();
+    host.pump();
+    EXPECT_TRUE(gone);
+    EXPECT_EQ(host.manager.GetFocus(), nullptr);
+    EXPECT_EQ(host.manager.FindControl(L"a"), nullptr);
+    host.mouse(WM_MOUSEMOVE, 5, 60); // no leave event to the dead
+    EXPECT_NE(host.manager.FindControl(L"b"), nullptr);
+}
+
+TEST(PaintManager, TimersReachTheirControlUntilKilled) {
+    Host host;
+    host.attach(TwoProbes);
+    Probe& a = host.probe(L"a");
+    int count = 0;
+    a.onTimer = [&] { ++count; };
+    EXPECT_TRUE(host.manager.SetTimer(&a, 7, 10));
+    EXPECT_FALSE(host.manager.SetTimer(&a, 7, 10)); // runs already
+    const auto waitForTicks = [&](int wanted, DWORD milliseconds) {
+        const DWORD end = GetTickCount() + milliseconds;
+        while (count < wanted && GetTickCount() < end) {
+            MsgWaitForMultipleObjects(0, nullptr, FALSE, 20, QS_ALLINPUT);
+            host.pump();
+        }
+        return count >= wanted;
+    };
+    EXPECT_TRUE(waitForTicks(2, 5000));
+    EXPECT_EQ(a.last.wParam, 7u);
+    EXPECT_TRUE(host.manager.KillTimer(&a, 7));
+    EXPECT_FALSE(host.manager.KillTimer(&a, 8));
+    host.pump();
+    count = 0;
+    EXPECT_FALSE(waitForTicks(1, 100));
+    EXPECT_TRUE(host.manager.SetTimer(&a, 7, 10)); // the same record again
+    EXPECT_TRUE(waitForTicks(1, 5000));
+}
+
+TEST(PaintManager, NamesFollowTheTree) {
+    Host host;
+    CControlUI* root = host.attach(TwoProbes);
+    host.probe(L"a").SetName(L"renamed");
+    EXPECT_EQ(host.manager.FindControl(L"a"), nullptr);
+    EXPECT_NE(host.manager.FindControl(L"renamed"), nullptr);
+    static_cast<CContainerUI*>(root)->Add(new Probe(host.creator.log, L"Probe", 0));
+    CControlUI* added = static_cast<CContainerUI*>(root)->GetItemAt(2);
+    added->SetName(L"added");
+    EXPECT_EQ(host.manager.FindControl(L"added"), added);
+    EXPECT_EQ(added->GetParent(), root);
+    host.attach(L"<VBox name=\"other\"/>");
+    EXPECT_EQ(host.manager.FindControl(L"renamed"), nullptr);
+    EXPECT_NE(host.manager.FindControl(L"other"), nullptr);
+}
+
+TEST(PaintManager, VirtualWindowsAreNamedInNotifications) {
+    Host host;
+    host.attach(L"<VBox><VBox virtualwnd=\"inner\"><Probe name=\"a\"/></VBox><Probe name=\"b\"/></VBox>");
+    TUINotify notification;
+    notification.sender = &host.probe(L"a");
+    host.manager.SendNotify(notification);
+    EXPECT_TRUE(notification.virtualWindow == L"inner");
+    notification.sender = &host.probe(L"b");
+    host.manager.SendNotify(notification);
+    EXPECT_TRUE(notification.virtualWindow.IsEmpty());
+}
+
+TEST(PaintManager, WindowAttributesComeFromTheSkin) {
+    Host host;
+    CDialogBuilder builder;
+    CControlUI* root = builder.Create(
+        L"<Window SIZE=\"320,240\" caption=\"1,2,3,40\" sizebox=\"4,4,6,6\" roundcorner=\"3,3,3,3\" "
+        L"mininfo=\"10,20\" "
+        L"maxinfo=\"1000,900\" noactivate=\"true\" LinkFontColor=\"#FF112233\" custom=\"one\" custom=\"two\">"
+        L"<VBox/></Window>",
+        nullptr, nullptr, &host.manager);
+    ASSERT_NE(root, nullptr);
+    EXPECT_EQ(host.manager.GetInitSize().cx, 320);
+    EXPECT_EQ(host.manager.GetClientSize().cy, 240);
+    EXPECT_EQ(host.manager.GetCaptionRect().bottom, 40);
+    EXPECT_EQ(host.manager.GetSizeBox().right, 6);
+    EXPECT_EQ(host.manager.GetRoundCorner().cy, 3);
+    EXPECT_TRUE(host.manager.IsNoActivate());
+    EXPECT_EQ(host.manager.GetDefaultLinkFontColor(), 0xFF112233u);
+    EXPECT_STREQ(host.manager.GetWindowCustomAttribute(L"custom"), L"one");
+    MINMAXINFO info = {};
+    host.SendMessage(WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&info));
+    EXPECT_EQ(info.ptMinTrackSize.y, 20);
+    EXPECT_EQ(info.ptMaxTrackSize.x, 1000);
+    EXPECT_EQ(host.SendMessage(WM_MOUSEACTIVATE, 0, 0), MA_NOACTIVATE);
+    root->Delete();
+}

@@ -4,20 +4,10 @@
 #include "engine/text.h"
 
 #include "kit/command.h"
-#include "kit/console.h"
+#include "kit/png.h"
 
 #include <atomic>
 #include <cstdio>
-#include <vector>
-
-#define STB_IMAGE_WRITE_IMPLEMENTATION
-#define STB_IMAGE_WRITE_STATIC
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wunused-function"
-#pragma GCC diagnostic ignored "-Wmissing-field-initializers"
-#include <stb/stb_image_write.h>
-#pragma GCC diagnostic pop
-
 namespace kit {
 
 static int run(const Arguments& arguments);
@@ -51,18 +41,8 @@ void fetchImages(engine::Page& page, const std::wstring& base) {
 }
 
 bool writePng(const std::wstring& path, const engine::Bitmap& bitmap) {
-    std::vector<unsigned char> rgb;
-    for (int i = 0; i < bitmap.width * bitmap.height; i++)
-        for (const int shift : {16, 8, 0})
-            rgb.push_back(static_cast<unsigned char>(bitmap.pixels[i] >> shift));
-    std::string png;
-    const auto append = [](void* out, void* data, int size) {
-        static_cast<std::string*>(out)->append(static_cast<const char*>(data), static_cast<size_t>(size));
-    };
-    stbi_write_png_to_func(append, &png, bitmap.width, bitmap.height, 3, rgb.data(), bitmap.width * 3);
-    FILE* file = _wfopen(path.c_str(), L"wb");
-    const bool written = file && fwrite(png.data(), 1, png.size(), file) == png.size();
-    return file && fclose(file) == 0 && written;
+    const UILib::Raster picture = {bitmap.pixels, bitmap.width, bitmap.height, bitmap.width};
+    return writeFile(path, encodePng(picture, Alpha::Drop));
 }
 
 } // namespace

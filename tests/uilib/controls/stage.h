@@ -30,7 +30,9 @@ public:
             builder.Create((L"<Window><VBox name=\"root\">" + elements + L"</VBox></Window>").c_str(),
                            nullptr, nullptr, &manager));
         ::SetFocus(window);
-        SendMessageW(window, WM_PAINT, 0, 0);
+        for (int paint = 0; paint < 2; ++paint) // the first one lays out, the second focuses a tab stop
+            RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+        manager.SetFocus(nullptr, UILib::FocusWindow::Yes);
         pumpUntil([this] { return focusGiven; }, 500); // without a window manager it is not given
         log.clear();
     }

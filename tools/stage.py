@@ -221,7 +221,7 @@ class Launcher:
 
     # Centres of the controls at the design size of 1642 by 977.
     START = (1384, 846)
-    PAUSE = (1055, 882)
+    PAUSE = (1055, 861)
 
     def __init__(self, wine, display, folder):
         self.wine, self.display, self.folder = wine, display, folder

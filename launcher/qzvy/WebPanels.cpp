@@ -39,6 +39,11 @@ void setCallbacks(wkeWebView view, HWND window) {
     wkeOnLoadUrlEnd(view, nullptr, nullptr);
 }
 
+// A page may not start a program or open a file of this machine, with our rights at that.
+bool isWebAddress(const std::wstring& url) {
+    return _wcsnicmp(url.c_str(), L"http://", 7) == 0 || _wcsnicmp(url.c_str(), L"https://", 8) == 0;
+}
+
 bool loadEngine() {
     // Held for good: the engine's path is read by pointer.
     static const std::wstring path = ufile::getModuleDir() + L"\\node.dll";
@@ -54,7 +59,10 @@ bool loadEngine() {
 jsValue __cdecl CallOpenUrl(jsExecState execState, void*) {
     const std::wstring url = jsToStringW(execState, jsArg(execState, 0));
     common::log("CallOpenUrl", __LINE__, L"web jump: %s", url.c_str());
-    usystem::openUrl(url);
+    if (isWebAddress(url))
+        usystem::openUrl(url);
+    else
+        common::log("CallOpenUrl", __LINE__, L"web jump refused: no web address");
     return jsUndefined();
 }
 

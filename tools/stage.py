@@ -36,6 +36,13 @@ def wait_for(condition, seconds, what):
         time.sleep(0.1)
 
 
+def end_soundly_when_terminated():
+    """Makes a termination like Ctrl+C, so that what was started is ended."""
+    def interrupt(*_):
+        raise KeyboardInterrupt
+    signal.signal(signal.SIGTERM, interrupt)
+
+
 def windows_path(path):
     return "Z:" + str(path).replace("/", "\\")
 
@@ -276,7 +283,7 @@ class Stage:
         self.own_display, self.size = own_display, size
 
     def __enter__(self):
-        signal.signal(signal.SIGTERM, lambda *_: (_ for _ in ()).throw(KeyboardInterrupt()))
+        end_soundly_when_terminated()
         self.display = Display(self.own_display, self.size)
         try:
             self.wine = Wine(self.display)

@@ -3,10 +3,11 @@ import os
 import subprocess
 import sys
 
-from stage import ROOT, Display
+from stage import ROOT, Display, end_soundly_when_terminated
 
 
 def main():
+    end_soundly_when_terminated()
     display = Display()
     environment = dict(os.environ, DISPLAY=display.name)
     wine = dict(environment, WINEPREFIX=str(ROOT / "build/wine"), WINEDEBUG="-all")

@@ -50,7 +50,7 @@ private:
 };
 
 TEST_F(FlowLeaks, PlayerDownloadAndInstallation) {
-    constexpr int cycles = 25; // each starts twenty programs
+    constexpr int cycles = 100; // each starts some twenty programs: the slow one
     server.publish(PackagePath, read(L"skin.7z"));
     int installed = 0;
     expectNoGrowth(cycles, [&] {

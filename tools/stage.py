@@ -116,16 +116,18 @@ class Wine:
         self.server("-p")
 
     def _make_prefix(self):
-        if (self.prefix / ".done").exists():
+        settings = ROOT / "tools/wine.reg"
+        done = self.prefix / ".done"  # the settings that the prefix was made with
+        if done.exists() and done.read_bytes() == settings.read_bytes():
             self.kill()
             return
         shutil.rmtree(self.prefix, ignore_errors=True)
         self.call("wineboot", "-i")
         self.server("-w")
         self.call("winecfg", "-v", "win10")
-        self.call("regedit", "/S", str(ROOT / "tools/wine.reg"))
+        self.call("regedit", "/S", str(settings))
         self.kill()
-        (self.prefix / ".done").touch()
+        shutil.copy(settings, done)
 
     def start_shell(self):
         """The desktop's shell, under the path that it has on Windows: the game is started

@@ -5,19 +5,9 @@ import subprocess
 import sys
 import time
 
-from stage import BIN, ROOT, Stage, StageError, wait_for
+from stage import ROOT, Stage, StageError, pack_player, wait_for
 
 RATE = 4 * 1024 * 1024  # bytes per second: slow enough to watch
-
-
-def package():
-    out = ROOT / "build/player.7z"
-    programs = BIN.parent / "player"
-    newest = max(p.stat().st_mtime for p in [*programs.glob("*.exe"), ROOT / "player/make_package.py"])
-    if not out.exists() or out.stat().st_mtime < newest:
-        print("run: packing the player package")
-        subprocess.run([sys.executable, ROOT / "player/make_package.py", programs, out], check=True)
-    return out
 
 
 def show_progress(partial, total, done, at_half):
@@ -56,7 +46,7 @@ def install(stage, launcher, archive):
 
 def main():
     stay = "--stay" in sys.argv
-    archive = package()
+    archive = pack_player(ROOT / "build/player.7z")
     with Stage("run", own_display=stay and "DISPLAY" in os.environ) as stage:
         publisher = stage.publisher()
         os.link(archive, publisher.folder / "player.7z")

@@ -10,6 +10,7 @@ import re
 import shutil
 import signal
 import subprocess
+import sys
 import time
 import urllib.parse
 import urllib.request
@@ -45,6 +46,16 @@ def end_soundly_when_terminated():
 
 def windows_path(path):
     return "Z:" + str(path).replace("/", "\\")
+
+
+def pack_player(out, *options):
+    """The player package, packed anew when its programs or its script are newer."""
+    programs, script = BIN.parent / "player", ROOT / "player/make_package.py"
+    newest = max(p.stat().st_mtime for p in [*programs.glob("*.exe"), script])
+    if not out.exists() or out.stat().st_mtime < newest:
+        print("packing the player package", flush=True)
+        subprocess.run([sys.executable, script, programs, out, *options], check=True)
+    return out
 
 
 class Display:

@@ -2,30 +2,20 @@
 installed launcher a test."""
 import os
 import pathlib
-import subprocess
 import sys
 import unittest
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "tools"))
 
-from stage import BIN, ROOT, Stage, StageError, wait_for, windows_path  # noqa: E402
+from stage import BIN, ROOT, Stage, StageError, pack_player, wait_for, windows_path  # noqa: E402
 
 PACKAGE = ROOT / "build/e2e/player.7z"
-
-
-def make_package():
-    programs = BIN.parent / "player"
-    newest = max(p.stat().st_mtime for p in [*programs.glob("*.exe"), ROOT / "player/make_package.py"])
-    if not PACKAGE.exists() or PACKAGE.stat().st_mtime < newest:
-        subprocess.run([sys.executable, ROOT / "player/make_package.py", programs, PACKAGE, "--megabytes", "16"],
-                       check=True)
-    return PACKAGE
 
 
 class Scene(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
-        make_package()
+        pack_player(PACKAGE, "--megabytes", "16")
         cls.stage = Stage("e2e").__enter__()
 
     @classmethod

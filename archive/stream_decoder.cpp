@@ -13,15 +13,6 @@ namespace {
 constexpr UInt32 lzmaMethod = 0x030101;
 constexpr UInt32 lzma2Method = 0x21;
 
-ELzmaFinishMode finishMode(bool last) {
-    return last ? LZMA_FINISH_END : LZMA_FINISH_ANY;
-}
-
-void setEnd(StreamDecoder::Step& step, ELzmaStatus status) {
-    step.endMark = status == LZMA_STATUS_FINISHED_WITH_MARK;
-    step.maybeFinished = status == LZMA_STATUS_MAYBE_FINISHED_WITHOUT_MARK;
-}
-
 class CopyDecoder final : public StreamDecoder {
 public:
     SRes decode(uint8_t* output, size_t room, bool, const uint8_t* input, size_t size, Step& step) override {
@@ -32,45 +23,39 @@ public:
     }
 };
 
-class LzmaDecoder final : public StreamDecoder {
-public:
-    explicit LzmaDecoder(ISzAllocPtr memory) : memory(memory) { LzmaDec_CONSTRUCT(&state); }
-    ~LzmaDecoder() override { LzmaDec_Free(&state, memory); }
-
-    SRes init(const CSzCoderInfo& coder, const Byte* properties) {
-        const SRes status = LzmaDec_Allocate(&state, properties, coder.PropsSize, memory);
-        if (status == SZ_OK)
-            LzmaDec_Init(&state);
-        return status;
+// The two decoders of the SDK have the same operations under different names.
+struct Lzma {
+    using State = CLzmaDec;
+    static void construct(State& state) { LzmaDec_CONSTRUCT(&state); }
+    static SRes allocate(State& state, const Byte* properties, UInt32 size, ISzAllocPtr memory) {
+        return LzmaDec_Allocate(&state, properties, size, memory);
     }
-
-    SRes decode(uint8_t* output, size_t room, bool last, const uint8_t* input, size_t size,
-                Step& step) override {
-        ELzmaStatus end = LZMA_STATUS_NOT_SPECIFIED;
-        step.produced = room;
-        step.consumed = size;
-        const SRes status = LzmaDec_DecodeToBuf(&state, output, &step.produced, input, &step.consumed,
-                                                finishMode(last), &end);
-        setEnd(step, end);
-        return status;
-    }
-
-private:
-    ISzAllocPtr memory;
-    CLzmaDec state;
+    static constexpr auto init = LzmaDec_Init;
+    static constexpr auto decode = LzmaDec_DecodeToBuf;
+    static void release(State& state, ISzAllocPtr memory) { LzmaDec_Free(&state, memory); }
 };
 
-class Lzma2Decoder final : public StreamDecoder {
+struct Lzma2 {
+    using State = CLzma2Dec;
+    static void construct(State& state) { Lzma2Dec_CONSTRUCT(&state); }
+    static SRes allocate(State& state, const Byte* properties, UInt32 size, ISzAllocPtr memory) {
+        return size == 1 ? Lzma2Dec_Allocate(&state, properties[0], memory) : SZ_ERROR_DATA;
+    }
+    static constexpr auto init = Lzma2Dec_Init;
+    static constexpr auto decode = Lzma2Dec_DecodeToBuf;
+    static void release(State& state, ISzAllocPtr memory) { Lzma2Dec_Free(&state, memory); }
+};
+
+template <class Method>
+class SdkDecoder final : public StreamDecoder {
 public:
-    explicit Lzma2Decoder(ISzAllocPtr memory) : memory(memory) { Lzma2Dec_CONSTRUCT(&state); }
-    ~Lzma2Decoder() override { Lzma2Dec_Free(&state, memory); }
+    explicit SdkDecoder(ISzAllocPtr memory) : memory(memory) { Method::construct(state); }
+    ~SdkDecoder() override { Method::release(state, memory); }
 
     SRes init(const CSzCoderInfo& coder, const Byte* properties) {
-        if (coder.PropsSize != 1)
-            return SZ_ERROR_DATA;
-        const SRes status = Lzma2Dec_Allocate(&state, properties[0], memory);
+        const SRes status = Method::allocate(state, properties, coder.PropsSize, memory);
         if (status == SZ_OK)
-            Lzma2Dec_Init(&state);
+            Method::init(&state);
         return status;
     }
 
@@ -79,15 +64,16 @@ public:
         ELzmaStatus end = LZMA_STATUS_NOT_SPECIFIED;
         step.produced = room;
         step.consumed = size;
-        const SRes status = Lzma2Dec_DecodeToBuf(&state, output, &step.produced, input, &step.consumed,
-                                                 finishMode(last), &end);
-        setEnd(step, end);
+        const SRes status = Method::decode(&state, output, &step.produced, input, &step.consumed,
+                                           last ? LZMA_FINISH_END : LZMA_FINISH_ANY, &end);
+        step.endMark = end == LZMA_STATUS_FINISHED_WITH_MARK;
+        step.maybeFinished = end == LZMA_STATUS_MAYBE_FINISHED_WITHOUT_MARK;
         return status;
     }
 
 private:
     ISzAllocPtr memory;
-    CLzma2Dec state;
+    typename Method::State state;
 };
 
 template <class Decoder>
@@ -109,9 +95,9 @@ bool StreamDecoder::isSupported(UInt32 method) {
 std::unique_ptr<StreamDecoder> StreamDecoder::make(const CSzCoderInfo& coder, const Byte* properties,
                                                    ISzAllocPtr memory, SRes& status) {
     if (coder.MethodID == lzmaMethod)
-        return makeAndInit<LzmaDecoder>(coder, properties, memory, status);
+        return makeAndInit<SdkDecoder<Lzma>>(coder, properties, memory, status);
     if (coder.MethodID == lzma2Method)
-        return makeAndInit<Lzma2Decoder>(coder, properties, memory, status);
+        return makeAndInit<SdkDecoder<Lzma2>>(coder, properties, memory, status);
     status = SZ_OK;
     return std::make_unique<CopyDecoder>();
 }

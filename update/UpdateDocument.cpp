@@ -2,6 +2,7 @@
 
 #include "utility/encoding.h"
 #include "utility/json.h"
+#include "utility/program_version.h"
 
 #include <algorithm>
 #include <cwchar>
@@ -9,7 +10,7 @@
 namespace {
 
 int32_t localVersion() {
-    return static_cast<int32_t>(std::wcstol(LocalVersion, nullptr, 10));
+    return static_cast<int32_t>(std::wcstol(utility::ProgramVersion, nullptr, 10));
 }
 
 void readText(const rapidjson::Document& document, const char* key, std::wstring& text) {

@@ -6,11 +6,6 @@
 // The publisher's version document as a struct, and what follows from it for this
 // program. Pure functions of their arguments.
 
-// Two decimal digits each of major, minor and patch. The zero in front is part of the
-// constant; as a number it is 10000.
-inline constexpr const wchar_t* LocalVersion = L"010000";
-inline constexpr const wchar_t* LocalVersionText = L"1.0.0";
-
 struct UpdateDocument {
     int32_t ver = 0;      // newest launcher
     int32_t forceVer = 0; // forced if this is above the local version

@@ -135,16 +135,6 @@ bool fail(const char* function, CURLcode code, const std::string& url) {
     return false;
 }
 
-// A worker that was ended by force leaves its handle open for writing, and the file then
-// cannot be opened to be measured: ask the folder.
-uint64_t sizeOfPartial(const std::string& path) {
-    uint64_t size = 0;
-    WIN32_FILE_ATTRIBUTE_DATA data = {};
-    if (!ufile::getFileSizeA(path, size) && GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data))
-        size = (static_cast<uint64_t>(data.nFileSizeHigh) << 32) | data.nFileSizeLow;
-    return size;
-}
-
 // The size behind the slash of "Content-Range: bytes */SIZE".
 std::optional<uint64_t> sizeAtServer(CURL* curl) {
     curl_header* header = nullptr;
@@ -204,7 +194,7 @@ bool QzCurlDownloader::downloadFile(const std::string& path, const std::string& 
                                     const Progress& progress) {
     constexpr const char* function = "QzCurlDownloader::downloadFile";
     common::log(function, __LINE__, L"QzCurlDownloader::downloadfile start");
-    uint64_t startSize = sizeOfPartial(path);
+    uint64_t startSize = ufile::sizeOfPartial(path);
     common::log(function, __LINE__, L"start size %d", static_cast<int>(startSize));
     FileOwner file(CreateFileA(path.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
                                nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));

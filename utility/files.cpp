@@ -1,5 +1,6 @@
 #include "utility/files.h"
 
+#include "utility/encoding.h"
 #include "utility/handles.h"
 #include "utility/log.h"
 
@@ -30,10 +31,33 @@ bool getFileSize(const std::wstring& path, uint64_t& size) {
                    size);
 }
 
+uint64_t freeSpace(const std::wstring& folder) {
+    ULARGE_INTEGER available;
+    return GetDiskFreeSpaceExW(folder.c_str(), &available, nullptr, nullptr) ? available.QuadPart
+                                                                             : UINT64_MAX;
+}
+
 bool getFileSizeA(const std::string& path, uint64_t& size) {
     return measure(FileOwner(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
                                          FILE_ATTRIBUTE_NORMAL, nullptr)),
                    size);
+}
+
+static uint64_t sizeInFolder(const std::wstring& path) {
+    WIN32_FILE_ATTRIBUTE_DATA data = {};
+    if (!GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data))
+        return 0;
+    return (static_cast<uint64_t>(data.nFileSizeHigh) << 32) | data.nFileSizeLow;
+}
+
+uint64_t sizeOfPartial(const std::wstring& path) {
+    uint64_t size = 0;
+    return getFileSize(path, size) ? size : sizeInFolder(path);
+}
+
+uint64_t sizeOfPartial(const std::string& path) {
+    uint64_t size = 0;
+    return getFileSizeA(path, size) ? size : sizeInFolder(ansiToWide(path));
 }
 
 std::wstring getParentDir(const std::wstring& path) {

@@ -16,6 +16,16 @@ bool isExist(const std::wstring& path);
 bool getFileSize(const std::wstring& path, uint64_t& size);
 bool getFileSizeA(const std::string& path, uint64_t& size); // system code page
 
+// Of what a download has got so far; 0 without a file. A worker that was ended by force
+// leaves its handle open for writing, and the file then cannot be opened to be measured:
+// this asks the folder instead.
+uint64_t sizeOfPartial(const std::wstring& path);
+uint64_t sizeOfPartial(const std::string& path); // system code page
+
+// Bytes that this user may still write to the disk of an existing folder; the largest
+// number when that cannot be told.
+uint64_t freeSpace(const std::wstring& folder);
+
 // The folder part with its trailing separator; the last component goes whether or not
 // the path ends in a separator. Empty when there is no folder part.
 std::wstring getParentDir(const std::wstring& path);

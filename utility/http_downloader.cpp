@@ -32,16 +32,6 @@ private:
     CHttpDownload2FileSink& file;
 };
 
-// A worker that was ended by force leaves its handle open for writing, and the file then
-// cannot be opened to be measured: ask the folder.
-uint64_t sizeOfPartial(const std::wstring& path) {
-    uint64_t size = 0;
-    WIN32_FILE_ATTRIBUTE_DATA data = {};
-    if (!ufile::getFileSize(path, size) && GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data))
-        size = (static_cast<uint64_t>(data.nFileSizeHigh) << 32) | data.nFileSizeLow;
-    return size;
-}
-
 } // namespace
 
 bool CHttpDownloader::download2mem(std::string& target, const std::wstring& url) {
@@ -64,7 +54,7 @@ bool CHttpDownloader::download2file(const std::wstring& url, const std::wstring&
 }
 
 void CHttpDownloader::prepareResume(const std::wstring& path) {
-    uint64_t size = sizeOfPartial(path);
+    uint64_t size = ufile::sizeOfPartial(path);
     startSize = static_cast<uint32_t>(size);
     common::log("utility::CHttpDownloader::download2file", __LINE__, L"start size %d", startSize);
     // Not the size but its low half: at 0 the file is emptied, and the whole body must come.

@@ -12,6 +12,8 @@ LogFile::LogFile(const std::wstring& path) : path(path) {
 }
 
 void LogFile::append(const std::string& text) {
+    if (!stream) // a second start may have emptied the folder while this one opened the file
+        stream = open(L"at");
     if (!stream)
         return;
     std::fwrite(text.data(), 1, text.size(), stream.get());

@@ -3,6 +3,8 @@
 #include "utility/handles.h"
 #include "utility/log.h"
 
+#include <commctrl.h>
+#include <cwchar>
 #include <shellapi.h>
 
 namespace utility::usystem {
@@ -19,6 +21,39 @@ OSVERSIONINFOEXW readVersion() {
         GetVersionExW(basic);
     }
     return version;
+}
+
+struct DialogSearch {
+    HWND owner;
+    HWND found = nullptr;
+};
+
+bool isOwnedBy(HWND window, HWND owner) {
+    while (window && window != owner)
+        window = GetWindow(window, GW_OWNER);
+    return window != nullptr;
+}
+
+bool isToolTip(HWND window) {
+    wchar_t name[64] = {};
+    GetClassNameW(window, name, std::size(name));
+    return std::wcscmp(name, TOOLTIPS_CLASSW) == 0;
+}
+
+BOOL CALLBACK isDialog(HWND window, LPARAM parameter) {
+    DialogSearch& search = *reinterpret_cast<DialogSearch*>(parameter);
+    if (!IsWindowVisible(window) || !IsWindowEnabled(window) || !isOwnedBy(window, search.owner) ||
+        isToolTip(window))
+        return TRUE;
+    search.found = window;
+    return FALSE;
+}
+
+// The topmost window of the owner's, or of its dialogs', that answers the user.
+HWND findDialog(HWND owner) {
+    DialogSearch search = {owner};
+    EnumWindows(isDialog, reinterpret_cast<LPARAM>(&search));
+    return search.found;
 }
 
 } // namespace
@@ -42,6 +77,16 @@ HANDLE createSingleMutex(const std::wstring& name, bool initialOwner, bool failI
     return mutex.release();
 }
 
+bool admitMessage(UINT message) {
+    using Filter = BOOL(WINAPI*)(UINT message, DWORD flag);
+    constexpr DWORD add = 1; // MSGFLT_ADD
+    const auto filter = reinterpret_cast<Filter>(
+        GetProcAddress(GetModuleHandleW(L"User32.dll"), "ChangeWindowMessageFilter"));
+    if (filter)
+        filter(message, add);
+    return filter != nullptr;
+}
+
 void bringToFront(HWND window) {
     if (IsIconic(window))
         SendMessageW(window, WM_SYSCOMMAND, SC_RESTORE, 0);
@@ -55,6 +100,18 @@ void bringToFront(HWND window) {
     // A visit to the topmost band raises the window also where the foreground is locked.
     SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, inPlace);
     SetWindowPos(window, HWND_NOTOPMOST, 0, 0, 0, 0, inPlace);
+}
+
+void bringToFrontWithDialog(HWND window) {
+    bringToFront(window);
+    if (IsWindowEnabled(window))
+        return;
+    if (IsIconic(window)) // a disabled window need not obey the system command
+        ShowWindow(window, SW_RESTORE);
+    if (const HWND dialog = findDialog(window)) {
+        SetForegroundWindow(dialog);
+        BringWindowToTop(dialog);
+    }
 }
 
 void openUrl(const std::wstring& url) {

@@ -5,7 +5,7 @@
 #include <string>
 
 // Questions about the machine and small services of the desktop. Free functions without
-// state; any thread, but bringToFront belongs to the window thread.
+// state; any thread, but bringing to front belongs to the window thread.
 
 namespace utility::usystem {
 
@@ -18,8 +18,16 @@ bool isWin8OS();
 // refuses. The caller owns the handle; the name is free again when all are closed.
 HANDLE createSingleMutex(const std::wstring& name, bool initialOwner, bool failIfExists);
 
+// Lets senders with lower rights than the program's reach its windows with this message.
+// False where the system has no such service; a refusal is not told.
+bool admitMessage(UINT message);
+
 // Restores a minimised window, raises it and gives it the focus.
 void bringToFront(HWND window);
+
+// The same for a window that a modal dialog may have disabled: the dialog stays in front
+// of it and gets the focus.
+void bringToFrontWithDialog(HWND window);
 
 // Opens the address in the user's browser.
 void openUrl(const std::wstring& url);

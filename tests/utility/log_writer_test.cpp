@@ -2,6 +2,7 @@
 
 #include "utility/handles.h"
 #include "utility/log.h"
+#include "utility/log_file.h"
 #include "utility/log_stream.h"
 #include "utility/log_writer.h"
 
@@ -96,6 +97,16 @@ TEST_F(LogWriterTest, GoesOnWithoutAFile) {
     append("kept\r\n");
     LogWriter::stop();
     EXPECT_EQ(contents(), "kept\r\r\n");
+}
+
+// Another start may take the folder away at the moment when the file would be opened.
+TEST_F(LogWriterTest, FileIsFoundInAFolderThatComesLater) {
+    const std::wstring later = folder.path + L"log";
+    common::LogFile file(later + L"\\main.log");
+    file.append("lost");
+    CreateDirectoryW(later.c_str(), nullptr);
+    file.append("line");
+    EXPECT_EQ(test::readFile(later + L"\\main.log"), "line");
 }
 
 TEST_F(LogWriterTest, DropsALineThatOutgrowsTheBufferWhole) {

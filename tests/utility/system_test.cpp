@@ -3,6 +3,7 @@
 #include "utility/handles.h"
 #include "utility/system.h"
 
+#include <commctrl.h>
 #include <gtest/gtest.h>
 
 namespace {
@@ -43,6 +44,72 @@ TEST(System, BringToFrontRestoresAMinimisedWindow) {
     EXPECT_TRUE(IsWindowVisible(window));
     EXPECT_FALSE(GetWindowLongW(window, GWL_EXSTYLE) & WS_EX_TOPMOST); // not left in the upper band
     DestroyWindow(window);
+}
+
+// A window and its dialog, as a modal loop has them.
+class Modal : public testing::Test {
+protected:
+    static HWND open(HWND owner, DWORD extendedStyle = 0) {
+        const HWND window = CreateWindowExW(extendedStyle, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 40, 40, 200,
+                                            100, owner, nullptr, nullptr, nullptr);
+        EXPECT_NE(window, nullptr);
+        return window;
+    }
+    void SetUp() override {
+        other = open(nullptr);
+        window = open(nullptr);
+        dialog = open(window);
+        EnableWindow(window, FALSE);
+    }
+    void TearDown() override {
+        DestroyWindow(window); // the owned ones go with it
+        DestroyWindow(other);
+    }
+    static bool comesForward(HWND wanted) {
+        return test::pumpUntil([wanted] { return GetForegroundWindow() == wanted && GetFocus() == wanted; });
+    }
+    // In the order from the top of the screen down.
+    static bool isAbove(HWND upper, HWND lower) {
+        while (upper && upper != lower)
+            upper = GetWindow(upper, GW_HWNDNEXT);
+        return upper == lower;
+    }
+
+    HWND other = nullptr, window = nullptr, dialog = nullptr;
+};
+
+TEST_F(Modal, TheDialogComesForwardWithItsDisabledOwner) {
+    // In front of the dialog, but nobody to talk to.
+    const HWND tip = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, L"", WS_POPUP | WS_VISIBLE, 0, 0, 10, 10,
+                                     window, nullptr, nullptr, nullptr);
+    EXPECT_NE(tip, nullptr);
+    SetForegroundWindow(other);
+    bringToFrontWithDialog(window);
+    EXPECT_TRUE(comesForward(dialog));
+    EXPECT_TRUE(isAbove(dialog, window));
+    EXPECT_TRUE(isAbove(window, other));
+}
+
+TEST_F(Modal, TheInnermostDialogIsTheOneThatAnswers) {
+    EnableWindow(dialog, FALSE);
+    const HWND inner = open(dialog, WS_EX_TOPMOST);
+    SetForegroundWindow(other);
+    bringToFrontWithDialog(window);
+    EXPECT_TRUE(comesForward(inner));
+}
+
+TEST_F(Modal, AMinimisedOwnerComesBackWithItsDialog) {
+    ShowWindow(window, SW_MINIMIZE);
+    SetForegroundWindow(other);
+    bringToFrontWithDialog(window);
+    EXPECT_FALSE(IsIconic(window));
+    EXPECT_TRUE(comesForward(dialog));
+}
+
+TEST_F(Modal, AnEnabledWindowTakesTheFocusItself) {
+    EnableWindow(window, TRUE);
+    bringToFrontWithDialog(window);
+    EXPECT_TRUE(comesForward(window));
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "kit/control_state.h"
 
 #include "uilib/controls/control.h"
+#include "uilib/core/paint_manager.h"
 
 namespace kit {
 
@@ -13,6 +14,13 @@ static void sendMouse(CControlUI& control, UILib::EventKind kind) {
     control.Event(event);
 }
 
+// Also in a window that shows it only after a key.
+static void showFocus(CControlUI& control) {
+    if (UILib::CPaintManagerUI* manager = control.GetManager())
+        manager->SetKeyboardFocus(false);
+    control.SetFocus();
+}
+
 bool applyState(CControlUI& control, const std::wstring& state) {
     if (state == L"hot" || state == L"pushed")
         sendMouse(control, UILib::EventMouseEnter);
@@ -21,7 +29,7 @@ bool applyState(CControlUI& control, const std::wstring& state) {
     else if (state == L"disabled")
         control.SetEnabled(false);
     else if (state == L"focused")
-        control.SetFocus();
+        showFocus(control);
     else if (state == L"selected")
         control.SetAttribute(L"selected", L"true");
     else

@@ -2,13 +2,14 @@
 
 #include "kit/console.h"
 #include "kit/control_state.h"
-#include "kit/gallery_markup.h"
+#include "kit/gallery_skin.h"
 #include "kit/gif.h"
 #include "kit/png.h"
 #include "uilib/controls/combo.h"
 #include "uilib/core/dialog_builder.h"
 
 #include <cstdio>
+#include <vector>
 
 namespace kit {
 
@@ -48,9 +49,31 @@ static void addPictures() {
     CPaintManagerUI::AddArchiveEntry(L"anim.gif", gif.data(), static_cast<uint32_t>(gif.size()));
 }
 
+static void addSkin() {
+    for (const SkinFile& file : gallerySkin())
+        CPaintManagerUI::AddArchiveEntry(file.name, file.markup.data(),
+                                         static_cast<uint32_t>(file.markup.size()));
+}
+
+static bool hasState(const CControlUI& control, const wchar_t* wanted) {
+    const wchar_t* state = control.GetCustomAttribute(L"state");
+    return state && wcscmp(state, wanted) == 0;
+}
+
+// Shown with the focus, of which there is one, or with a window of its own.
+static bool isLive(const CControlUI& control) {
+    return hasState(control, L"open") || hasState(control, L"openabove") || hasState(control, L"focused");
+}
+
+static CControlUI* collectLive(CControlUI* control, void* found) {
+    if (isLive(*control))
+        static_cast<std::vector<CControlUI*>*>(found)->push_back(control);
+    return nullptr;
+}
+
 static CControlUI* applyNamedState(CControlUI* control, void*) {
     const wchar_t* state = control->GetCustomAttribute(L"state");
-    if (!state)
+    if (!state || isLive(*control))
         return nullptr;
     if (wcscmp(state, L"fading") != 0) {
         applyState(*control, state);
@@ -67,6 +90,7 @@ static CControlUI* applyNamedState(CControlUI* control, void*) {
 
 GallerySheet::GallerySheet() {
     CPaintManagerUI::SetInstance(GetModuleHandleW(nullptr));
+    addSkin();
     addPictures();
 }
 
@@ -89,7 +113,7 @@ bool GallerySheet::open() {
     }
     paintManager.Init(window);
     CDialogBuilder builder;
-    CControlUI* root = builder.Create(galleryMarkup, nullptr, nullptr, &paintManager, nullptr);
+    CControlUI* root = builder.Create(L"gallery.xml", nullptr, nullptr, &paintManager, nullptr);
     if (!root || !paintManager.AttachDialog(root)) {
         fprintf(stderr, "gallery: %s\n", toUtf8(builder.GetMarkup().GetLastErrorMessage()).c_str());
         return false;
@@ -102,26 +126,68 @@ bool GallerySheet::open() {
 
 void GallerySheet::paint(DibSurface& surface) {
     paintManager.GetRoot()->DoPaint(surface.context(), {0, 0, Width, Height}, nullptr);
-    paintPopup(surface);
+    std::vector<CControlUI*> live;
+    paintManager.GetRoot()->FindControl(collectLive, &live, 0);
+    for (CControlUI* control : live)
+        paintLive(surface, *control);
     GdiFlush();
 }
 
-// The list of an open combo, below it: the popup is a window of its own.
-void GallerySheet::paintPopup(DibSurface& surface) {
-    auto* combo = static_cast<CComboUI*>(paintManager.FindControl(L"opened")->GetInterface(L"Combo"));
-    combo->Activate();
+void GallerySheet::paintLive(DibSurface& surface, CControlUI& control) {
+    if (hasState(control, L"focused"))
+        paintFocused(surface, control);
+    else
+        paintOpenCombo(surface, control);
+    control.SetEnabled(false); // closes what it has opened
+    control.SetEnabled(true);
+    paintManager.SetFocus(nullptr, FocusWindow::Yes);
+}
+
+void GallerySheet::paintOpenCombo(DibSurface& surface, CControlUI& combo) {
+    if (hasState(combo, L"openabove"))
+        moveUntilAtBottom(combo);
+    applyState(combo, L"pushed");
     const HWND popup = FindWindowW(L"ComboWnd", nullptr);
     if (!popup)
         return;
-    applyState(*combo->GetItemAt(2), L"hot");
-    RECT client = {};
-    GetClientRect(popup, &client);
-    DibSurface picture(nullptr, client.right, client.bottom);
-    SendMessageW(popup, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(picture.context()), PRF_CLIENT);
-    BitBlt(surface.context(), combo->GetPos().left, combo->GetPos().bottom + 4, client.right, client.bottom,
+    const auto* list = static_cast<CComboUI*>(combo.GetInterface(L"Combo"));
+    for (int i = 0; i < list->GetCount(); ++i)
+        if (hasState(*list->GetItemAt(i), L"hotitem"))
+            applyState(*list->GetItemAt(i), L"hot");
+    paintAgain(surface, combo);
+    print(surface, popup);
+}
+
+void GallerySheet::paintFocused(DibSurface& surface, CControlUI& control) {
+    control.SetFocus();
+    paintAgain(surface, control);
+    if (const HWND native = control.GetNativeWindow())
+        print(surface, native);
+}
+
+void GallerySheet::paintAgain(DibSurface& surface, CControlUI& control) {
+    paintManager.GetRoot()->DoPaint(surface.context(), control.GetPos(), nullptr);
+}
+
+// A window that belongs to ours, at its place.
+void GallerySheet::print(DibSurface& surface, HWND part) {
+    RECT place = {};
+    GetWindowRect(part, &place);
+    MapWindowPoints(HWND_DESKTOP, window, reinterpret_cast<POINT*>(&place), 2);
+    const DibSurface picture(nullptr, UILib::width(place), UILib::height(place));
+    SendMessageW(part, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(picture.context()),
+                 PRF_CLIENT | PRF_ERASEBKGND);
+    BitBlt(surface.context(), place.left, place.top, UILib::width(place), UILib::height(place),
            picture.context(), 0, 0, SRCCOPY);
-    combo->SetEnabled(false); // closes it
-    combo->SetEnabled(true);
+}
+
+// Where a list has no room below.
+void GallerySheet::moveUntilAtBottom(const CControlUI& control) {
+    MONITORINFO monitor = {};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTOPRIMARY), &monitor);
+    SetWindowPos(window, nullptr, 0, monitor.rcWork.bottom - control.GetPos().bottom, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 } // namespace kit

@@ -5,13 +5,15 @@
 #include "uilib/core/window.h"
 
 // Every control in every state on one sheet, on a hidden window: what "vynkit gallery"
-// shows and the golden images hold fast. It brings its own pictures and fonts.
+// shows and the golden images hold fast. It brings its own skin and pictures. What is a
+// window of its own, the list of an open combo and the field of a focused edit, is opened
+// for the painting and shown where it opened.
 
 namespace kit {
 
 class GallerySheet : private UILib::CWindowWnd {
 public:
-    static constexpr int Width = 880, Height = 720;
+    static constexpr int Width = 880, Height = 800;
 
     GallerySheet();
     ~GallerySheet() override;
@@ -23,7 +25,12 @@ public:
 private:
     const wchar_t* GetWindowClassName() const override { return L"vynkit gallery"; }
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
-    void paintPopup(UILib::DibSurface& surface);
+    void paintLive(UILib::DibSurface& surface, UILib::CControlUI& control);
+    void paintOpenCombo(UILib::DibSurface& surface, UILib::CControlUI& combo);
+    void paintFocused(UILib::DibSurface& surface, UILib::CControlUI& control);
+    void paintAgain(UILib::DibSurface& surface, UILib::CControlUI& control);
+    void print(UILib::DibSurface& surface, HWND part);
+    void moveUntilAtBottom(const UILib::CControlUI& control);
 
     UILib::CPaintManagerUI paintManager;
 };

@@ -37,6 +37,17 @@ void applyLanguageFont(CPaintManagerUI& manager) {
         manager.SetDefaultFontFamily(face);
 }
 
+// Needs no display. Under Wine on a busy machine the first window of all may fail: the
+// process that makes the desktop comes up too late, and a later try finds it there.
+bool SkinDocument::makeWindow() {
+    constexpr int tries = 3;
+    for (int i = 0; i < tries; ++i)
+        if (Create(HWND_MESSAGE, L"", 0, 0))
+            return true;
+    fprintf(stderr, "vynkit: no window, error %lu\n", GetLastError());
+    return false;
+}
+
 SkinDocument::~SkinDocument() {
     if (window)
         DestroyWindow(window);
@@ -50,10 +61,8 @@ bool SkinDocument::load(const std::wstring& file, const std::wstring& languageCo
 bool SkinDocument::loadFrom(const std::wstring& skin, const std::wstring& name,
                             const std::wstring& languageCode) {
     useSkin(skin, languageCode);
-    if (!Create(HWND_MESSAGE, L"", 0, 0)) { // needs no display
-        fprintf(stderr, "vynkit: no window\n");
+    if (!makeWindow())
         return false;
-    }
     paintManager.Init(window);
     applyLanguageFont(paintManager);
     UILib::CDialogBuilder builder;

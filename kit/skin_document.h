@@ -33,6 +33,7 @@ public:
 
 private:
     const wchar_t* GetWindowClassName() const override { return L"vynkit document"; }
+    bool makeWindow();
 
     UILib::CPaintManagerUI paintManager;
 };

@@ -31,6 +31,12 @@ constexpr Sample Samples[] = {
     {L"startBtn", L"launcher_btn_installing", L""},
     {L"startBtn", L"update_window_text", L""},
     {L"downloadLabel", L"launcher_downloading", L"1888MB/2888MB"},
+    {L"downloadLabel", L"flow_no_source", L""},
+    {L"downloadLabel", L"flow_no_download", L""},
+    {L"downloadLabel", L"flow_no_space", L""},
+    {L"downloadLabel", L"flow_broken_package", L""},
+    {L"downloadLabel", L"flow_not_unpacked", L""},
+    {L"downloadLabel", L"flow_no_client", L""},
     {L"speedLabel", L"launcher_speed", L"1008KB/S"},
     {L"leftTimeLabel", L"launcher_lefttime", L"00:28:58"},
     {L"updateVersionLabel", L"update_newversion", L"1.28.88"},
@@ -39,6 +45,9 @@ constexpr Sample Samples[] = {
     {L"titlelabel", L"prompt", L""},
     {L"descriptlabel", L"change_restart", L""},
 };
+
+// Labels that the program shows in the course of things.
+constexpr const wchar_t* HiddenAtFirst[] = {L"failedLabel"};
 
 std::wstring textOf(const std::wstring& key) {
     const wchar_t* text = UILib::CPaintManagerUI::GetLanguageText(key.c_str());
@@ -64,6 +73,9 @@ public:
 
     void run() {
         const SIZE size = document.manager().GetInitSize();
+        for (const wchar_t* name : HiddenAtFirst)
+            if (CControlUI* label = document.manager().FindControl(name))
+                label->SetVisible(true);
         for (int page = 0; showPage(*document.root(), page); ++page) {
             document.layout(size.cx, size.cy);
             visit(*document.root());

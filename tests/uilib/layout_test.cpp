@@ -251,3 +251,71 @@ TEST(Layouts, StayWithinLimitsWhateverASkinAsksFor) {
     root->SetPos({0, 0, 100, 100}, false);
     EXPECT_EQ(placeOf(*root), "0,0,100,100");
 }
+
+namespace {
+
+// What a walk for pending layouts meets, and in brackets what it would lay out; lays it out.
+std::string layPendingOut(CControlUI& root) {
+    struct Walk {
+        std::string met;
+        std::vector<CControlUI*> pending;
+    } walk;
+    const auto visit = [](CControlUI* control, void* data) {
+        auto& walk = *static_cast<Walk*>(data);
+        const std::wstring name(control->GetName());
+        const std::string narrow(name.begin(), name.end());
+        // The walk asks a control that it enters a second time.
+        if (!control->IsUpdateNeeded())
+            return walk.met.ends_with(narrow) ? nullptr
+                                              : (walk.met += narrow, static_cast<CControlUI*>(nullptr));
+        walk.met += "[" + narrow + "]";
+        walk.pending.push_back(control);
+        return control;
+    };
+    root.FindControl(visit, &walk, FindVisible | FindUpdateTest | FindMeFirst);
+    for (CControlUI* control : walk.pending)
+        control->SetPos(control->GetPos(), true);
+    return walk.met;
+}
+
+} // namespace
+
+TEST(PendingLayouts, AreFoundWithoutAskingTheRestOfTheTree) {
+    Tree root =
+        buildTree(L"<VBox name=\"r\"><HBox name=\"a\"><Control name=\"b\"/><Control name=\"c\"/></HBox>"
+                  L"<VBox name=\"d\"><TabLayout name=\"e\"><VBox name=\"f\"/>"
+                  L"<VBox name=\"g\"><Control name=\"h\"/></VBox></TabLayout></VBox></VBox>");
+    root->SetPos({0, 0, 100, 100}, false);
+    layPendingOut(*root); // marks from the making of the tree
+    // The hidden page was never laid out, so that the way to it is always walked.
+    CControlUI &a = child(*root, 0), &d = child(*root, 1), &tab = child(d, 0), &page = child(tab, 1);
+    child(a, 1).SetText(L"changed");
+    EXPECT_EQ(layPendingOut(*root), "r[a]de");
+    EXPECT_EQ(layPendingOut(*root).find('['), std::string::npos);
+
+    child(a, 0).NeedUpdate();
+    page.NeedUpdate(); // hidden: asks for nothing
+    EXPECT_EQ(layPendingOut(*root), "ra[b]de");
+
+    static_cast<CTabLayoutUI&>(tab).SelectItem(1);
+    EXPECT_EQ(layPendingOut(*root), "r[d]") << "the parent of the pages lays them out";
+    layPendingOut(*root);
+    child(a, 1).SetText(L"changed again");
+    EXPECT_EQ(layPendingOut(*root), "r[a]");
+    child(page, 0).NeedUpdate();
+    d.SetVisible(false);
+    EXPECT_EQ(layPendingOut(*root), "[r]");
+    EXPECT_EQ(layPendingOut(*root).find('['), std::string::npos);
+    d.SetVisible(true);
+    root->SetPos({0, 0, 100, 100}, false);
+    EXPECT_FALSE(child(page, 0).IsUpdateNeeded());
+
+    // What a parent does not place stays pending, and the next walk finds it.
+    auto& tabs = static_cast<CTabLayoutUI&>(tab);
+    auto* added = new CContainerUI;
+    added->SetName(L"n");
+    tabs.AddAt(added, 0);
+    EXPECT_EQ(layPendingOut(*root), "rd[e]");
+    EXPECT_TRUE(layPendingOut(*root).starts_with("rde[n]"));
+    EXPECT_EQ(layPendingOut(*root).find('['), std::string::npos);
+}

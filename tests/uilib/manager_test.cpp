@@ -1,8 +1,11 @@
 #include "tests/uilib/probe.h"
 #include "uilib/controls/container.h"
 #include "uilib/core/window.h"
+#include "utility/log.h"
 
 #include <gtest/gtest.h>
+
+#include <thread>
 
 using namespace UILib;
 
@@ -183,15 +186,40 @@ TEST(PaintManager, TabWalksTheStopsAndWraps) {
     EXPECT_TRUE(host.manager.PreMessageHandler(WM_KEYDOWN, VK_TAB, 0, result));
     EXPECT_TRUE(host.manager.GetFocus()->GetName() == L"b");
     host.manager.SetFocusNeeded(&host.probe(L"c"));
-    host.paint();
-    host.paint(); // the first one lays out
+    host.paint(); // lays out, and asks for one that gives the focus
     EXPECT_TRUE(host.manager.GetFocus()->GetName() == L"c");
+}
+
+// The skin may say so of a window.
+TEST(PaintManager, FocusMayWaitForTheTabKey) {
+    Host host;
+    host.manager.SetWindowAttribute(L"keyboardfocus", L"true");
+    host.attach(ThreeStops);
+    host.paint();
+    EXPECT_EQ(host.manager.GetFocus(), nullptr);
+    const auto tab = [&] {
+        LRESULT result;
+        host.manager.PreMessageHandler(WM_KEYDOWN, VK_TAB, 0, result);
+    };
+    tab();
+    EXPECT_TRUE(host.probe(L"a").ShowsFocus());
+    host.manager.SetFocus(&host.probe(L"b"), FocusWindow::No);
+    EXPECT_TRUE(host.probe(L"b").ShowsFocus()) << "moved by the program, in a keyboard user's hands";
+    const RECT& place = host.probe(L"c").GetPos();
+    host.mouse(WM_LBUTTONDOWN, place.left, place.top);
+    host.mouse(WM_LBUTTONUP, place.left, place.top);
+    EXPECT_TRUE(host.probe(L"c").IsFocused());
+    EXPECT_FALSE(host.probe(L"c").ShowsFocus());
+    tab();
+    EXPECT_TRUE(host.probe(L"a").ShowsFocus()) << "goes on from what was clicked";
 }
 
 TEST(PaintManager, ShortcutsActivate) {
     Host host;
     host.attach(L"<VBox><Stop name=\"field\"/><Label name=\"text\" shortcut=\"n\"/>"
                 L"<Stop name=\"ok\" shortcut=\"O\"/></VBox>");
+    host.manager.SetFocus(nullptr, FocusWindow::No);
+    host.take();
     LRESULT result;
     EXPECT_TRUE(host.manager.PreMessageHandler(WM_SYSCHAR, 'o', 0, result));
     EXPECT_EQ(host.take(), "ok:21 ok!setfocus ok:activate");
@@ -324,3 +352,20 @@ TEST(PaintManager, WindowAttributesComeFromTheSkin) {
     EXPECT_EQ(host.SendMessage(WM_MOUSEACTIVATE, 0, 0), MA_NOACTIVATE);
     root->Delete();
 }
+
+#ifndef VYN_CHECKED // there it ends the program
+TEST(PaintManager, TellsOfCallsFromOtherThreads) {
+    static std::vector<std::wstring> lines;
+    lines.clear();
+    Host host;
+    CControlUI* root = host.attach(TwoProbes);
+    common::setLogSink([](const char*, int, const wchar_t* text) { lines.push_back(text); });
+    root->NeedUpdate();
+    EXPECT_TRUE(lines.empty());
+    std::thread([&] { host.manager.NeedUpdate(); }).join();
+    common::setLogSink(nullptr);
+    ASSERT_EQ(lines.size(), 1u);
+    EXPECT_TRUE(lines[0].starts_with(L"NeedUpdate of window"))
+        << std::string(lines[0].begin(), lines[0].end());
+}
+#endif

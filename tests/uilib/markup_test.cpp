@@ -75,12 +75,19 @@ TEST(CMarkup, TakesLettersOfEveryScriptInNames) {
     ASSERT_TRUE(markup.LoadUtf8(utf8FromWide(wide)));
     EXPECT_EQ(describe(markup.GetRoot()), L"\x540D\xE9[\x540D=\x4E2D]");
     EXPECT_EQ(parse(L"<a\x2014/>"), L"a"); // a dash is no letter, and ends the name as a blank does
+    // What takes two wide characters ends it with the first, and the second is too much.
+    EXPECT_FALSE(markup.LoadUtf8("<a\xF0\x9F\x98\x80 x=\"1\"/>"));
+    EXPECT_STREQ(markup.GetLastErrorMessage(), L"Error while parsing attributes");
 }
 
 TEST(CMarkup, ForgivesAMissingEndOfTheRootAndNothingDeeper) {
     EXPECT_EQ(parse(L"<a><b/>"), L"a(b)");
-    EXPECT_EQ(parse(L"<a x=\"1\"><b>"), L"a[x=1](b)");
     EXPECT_EQ(parse(L"<a><b></b> "), L"a(b)");
+    // A bare name whose element breaks off in its text is never terminated.
+    EXPECT_EQ(parse(L"<a x=\"1\"><b>"), L"a[x=1](b>)");
+    EXPECT_EQ(parse(L"<a><b >"), L"a(b)");
+    EXPECT_EQ(parse(L"<a>t &lt; e"), L"a>t < e;  ");
+    EXPECT_EQ(parse(L"<a x=\"1\">&amp;"), L"a[x=1]");
     EXPECT_EQ(parse(L"<a><b><c/>"), L"! Expected start tag at ");
     EXPECT_EQ(parse(L"<a><b><c>"), L"! Expected end-tag start at ");
 }

@@ -68,7 +68,9 @@ TEST(Utf8, ReplacesEachDamagedByteAndKeepsTheRest) {
         {"plain ascii longer than a block", L"plain ascii longer than a block"},
         {"\xED\x95\x9C\xEA\xB5\xAD", L"\xD55C\xAD6D"},
         {"\xF0\x9F\x98\x80", L"\U0001F600"},
-        {"a\xC3", L"a\xFFFD"},                   // cut short
+        {"a\xC3", L"a\xFFFD"},     // cut short
+        {"\xE2\x82<", L"\xFFFD<"}, // and something else instead of the rest
+        {"\xF0\x9F\x98\xE2\x82\xAC", L"\xFFFD\x20AC"},
         {"\xC0\x80", L"\xFFFD\xFFFD"},           // overlong
         {"\xED\xA0\x80", L"\xFFFD\xFFFD\xFFFD"}, // a surrogate
         {"\xF5\x80\x80\x80", L"\xFFFD\xFFFD\xFFFD\xFFFD"},

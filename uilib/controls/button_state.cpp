@@ -6,7 +6,7 @@ namespace UILib {
 
 void refreshState(const CControlUI& control, unsigned& state) {
     state &= ~(StateFocused | StateDisabled);
-    if (control.IsFocused())
+    if (control.ShowsFocus())
         state |= StateFocused;
     if (!control.IsEnabled())
         state |= StateDisabled;

@@ -2,6 +2,9 @@
 #include "uilib/controls/image_rows.h"
 #include "uilib/controls/text_style.h"
 
+#include <type_traits>
+#include <utility>
+
 namespace UILib {
 
 namespace {
@@ -10,59 +13,41 @@ CComboUI& combo(CControlUI& control) {
     return static_cast<CComboUI&>(control);
 }
 
-// Fields of the look that the items share.
+// Fields of the look that the items share, each read by its type.
 
-template <Color TListInfoUI::*Field>
-void setItemColor(CControlUI& control, const wchar_t* value) {
-    combo(control).GetListInfo()->*Field = readColorValue(value);
+template <auto Field>
+using ItemField = std::remove_cvref_t<decltype(std::declval<TListInfoUI>().*Field)>;
+
+template <auto Field>
+void setItem(CControlUI& control, const wchar_t* value) {
+    auto& field = combo(control).GetListInfo()->*Field;
+    using Value = ItemField<Field>;
+    if constexpr (std::is_same_v<Value, DrawRecord>) {
+        setImage(control, field, value);
+        return;
+    } else if constexpr (std::is_same_v<Value, Color>) {
+        field = readColorValue(value);
+    } else if constexpr (std::is_same_v<Value, RECT>) {
+        field = readRectangle(value);
+    } else if constexpr (std::is_same_v<Value, bool>) {
+        field = readFlag(value);
+    } else {
+        field = readNumber(value);
+    }
     control.Invalidate();
 }
 
-template <DrawRecord TListInfoUI::*Field>
-void setItemImage(CControlUI& control, const wchar_t* value) {
-    setImage(control, combo(control).GetListInfo()->*Field, value);
-}
-
-template <int TListInfoUI::*Field>
-void setItemNumber(CControlUI& control, const wchar_t* value) {
-    combo(control).GetListInfo()->*Field = readNumber(value);
-    control.Invalidate();
-}
-
-template <bool TListInfoUI::*Field>
-void setItemFlag(CControlUI& control, const wchar_t* value) {
-    combo(control).GetListInfo()->*Field = readFlag(value);
-    control.Invalidate();
-}
-
-template <Color TListInfoUI::*Field>
-constexpr Attribute itemColor(const wchar_t* name, const char* description) {
-    return {name, AttributeKind::Color, setItemColor<Field>, description};
-}
-
-template <DrawRecord TListInfoUI::*Field>
-constexpr Attribute itemImage(const wchar_t* name, const char* description) {
-    return {name, AttributeKind::Image, setItemImage<Field>, description};
-}
-
-template <int TListInfoUI::*Field>
-constexpr Attribute itemNumber(const wchar_t* name, const char* description) {
-    return {name, AttributeKind::Number, setItemNumber<Field>, description};
-}
-
-template <bool TListInfoUI::*Field>
-constexpr Attribute itemFlag(const wchar_t* name, const char* description) {
-    return {name, AttributeKind::Flag, setItemFlag<Field>, description};
+template <auto Field>
+constexpr Attribute item(const wchar_t* name, const char* description) {
+    using Value = ItemField<Field>;
+    constexpr AttributeKind Kind =
+        std::is_same_v<Value, DrawRecord> ? AttributeKind::Image : detail::kindOf<Value>();
+    return {name, Kind, setItem<Field>, description};
 }
 
 void setItemAlign(CControlUI& control, const wchar_t* value) {
     TListInfoUI& info = *combo(control).GetListInfo();
     info.textStyle = withAlign(info.textStyle, value);
-}
-
-void setItemTextPadding(CControlUI& control, const wchar_t* value) {
-    combo(control).GetListInfo()->textPadding = readRectangle(value);
-    control.Invalidate();
 }
 
 } // namespace
@@ -86,28 +71,28 @@ const Attribute CComboUI::Rows[] = {
     enlargeRow<&CComboUI::disabledImage>(L"disabledEnlargeImage"),
     attribute<&CComboUI::SetDropBoxAttributeList>(L"dropbox", "attributes of the popup's list"),
     attribute<&CComboUI::SetDropBoxSize>(L"dropboxsize", "popup: width, or 0; greatest height"),
-    itemNumber<&TListInfoUI::itemHeight>(L"itemheight", "items: height"),
+    item<&TListInfoUI::itemHeight>(L"itemheight", "items: height"),
     attribute<&CComboUI::SetItemFont>(L"itemfont", "items: number of the font"),
     {L"itemalign", AttributeKind::Text, setItemAlign, "items: left, center or right"},
-    {L"itemtextpadding", AttributeKind::Rectangle, setItemTextPadding, "items: margins of the text"},
-    itemColor<&TListInfoUI::textColor>(L"itemtextcolor", "items: text colour"),
-    itemColor<&TListInfoUI::bkColor>(L"itembkcolor", "items: background"),
-    itemImage<&TListInfoUI::bkImage>(L"itembkimage", "items: background picture"),
-    itemFlag<&TListInfoUI::altBk>(L"itemaltbk", "items: only every second has the background"),
-    itemColor<&TListInfoUI::selectedTextColor>(L"itemselectedtextcolor", "selected item: text colour"),
-    itemColor<&TListInfoUI::selectedBkColor>(L"itemselectedbkcolor", "selected item: background"),
-    itemImage<&TListInfoUI::selectedImage>(L"itemselectedimage", "selected item: picture"),
-    itemColor<&TListInfoUI::hotTextColor>(L"itemhottextcolor", "item under the mouse: text colour"),
-    itemColor<&TListInfoUI::hotBkColor>(L"itemhotbkcolor", "item under the mouse: background"),
-    itemImage<&TListInfoUI::hotImage>(L"itemhotimage", "item under the mouse: picture"),
-    itemColor<&TListInfoUI::disabledTextColor>(L"itemdisabledtextcolor", "disabled item: text colour"),
-    itemColor<&TListInfoUI::disabledBkColor>(L"itemdisabledbkcolor", "disabled item: background"),
-    itemImage<&TListInfoUI::disabledImage>(L"itemdisabledimage", "disabled item: picture"),
-    itemNumber<&TListInfoUI::vLineSize>(L"itemvlinesize", "lines between columns: width"),
-    itemColor<&TListInfoUI::vLineColor>(L"itemvlinecolor", "lines between columns: colour"),
-    itemNumber<&TListInfoUI::hLineSize>(L"itemhlinesize", "lines between items: width"),
-    itemColor<&TListInfoUI::hLineColor>(L"itemhlinecolor", "lines between items: colour"),
-    itemFlag<&TListInfoUI::showHtml>(L"itemshowhtml", "items: the text has tags"),
+    item<&TListInfoUI::textPadding>(L"itemtextpadding", "items: margins of the text"),
+    item<&TListInfoUI::textColor>(L"itemtextcolor", "items: text colour"),
+    item<&TListInfoUI::bkColor>(L"itembkcolor", "items: background"),
+    item<&TListInfoUI::bkImage>(L"itembkimage", "items: background picture"),
+    item<&TListInfoUI::altBk>(L"itemaltbk", "items: only every second has the background"),
+    item<&TListInfoUI::selectedTextColor>(L"itemselectedtextcolor", "selected item: text colour"),
+    item<&TListInfoUI::selectedBkColor>(L"itemselectedbkcolor", "selected item: background"),
+    item<&TListInfoUI::selectedImage>(L"itemselectedimage", "selected item: picture"),
+    item<&TListInfoUI::hotTextColor>(L"itemhottextcolor", "item under the mouse: text colour"),
+    item<&TListInfoUI::hotBkColor>(L"itemhotbkcolor", "item under the mouse: background"),
+    item<&TListInfoUI::hotImage>(L"itemhotimage", "item under the mouse: picture"),
+    item<&TListInfoUI::disabledTextColor>(L"itemdisabledtextcolor", "disabled item: text colour"),
+    item<&TListInfoUI::disabledBkColor>(L"itemdisabledbkcolor", "disabled item: background"),
+    item<&TListInfoUI::disabledImage>(L"itemdisabledimage", "disabled item: picture"),
+    item<&TListInfoUI::vLineSize>(L"itemvlinesize", "lines between columns: width"),
+    item<&TListInfoUI::vLineColor>(L"itemvlinecolor", "lines between columns: colour"),
+    item<&TListInfoUI::hLineSize>(L"itemhlinesize", "lines between items: width"),
+    item<&TListInfoUI::hLineColor>(L"itemhlinecolor", "lines between items: colour"),
+    item<&TListInfoUI::showHtml>(L"itemshowhtml", "items: the text has tags"),
 };
 
 const AttributeTable& CComboUI::GetAttributeTable() const {

@@ -108,8 +108,17 @@ CComboBodyUI* CComboWnd::makeBody() {
     return body;
 }
 
+// Items bring the number of a font of the owner's window.
+void CComboWnd::takeItemFont() {
+    const int font = owner->GetListInfo()->font;
+    const FontSpec& spec = owner->GetManager()->GetFontInfo(font).spec;
+    paintManager.AddFont(font, spec.faceName, spec.size, spec.bold, spec.underline, spec.italic, false);
+}
+
 void CComboWnd::onCreate() {
     paintManager.Init(window);
+    takeItemFont();
+    paintManager.SetForceShared(true);
     layout = makeBody();
     for (int i = 0; i < owner->GetCount(); ++i)
         layout->Add(owner->GetItemAt(i));

@@ -40,6 +40,7 @@ private:
     RECT dropRectangle() const; // screen coordinates
     int neededHeight(int width) const;
     void onCreate();
+    void takeItemFont();
     CComboBodyUI* makeBody();
     void giveBack();
     void focusOwner();

@@ -134,8 +134,7 @@ private:
     int columnStep() const;
     void layoutAgain(bool invalidate);
     void layoutForNewBar();
-    void fitVertical(const RECT& area, int needed);
-    void fitHorizontal(const RECT& area, int needed);
+    void fitOnlyBar(CScrollBarUI& bar, const RECT& place, int range);
     bool settleHorizontal(RECT& area, int needed);
     void settleVertical(RECT area, int neededWidth, int neededHeight, bool horizontalChanged);
     void hideBar(CScrollBarUI& bar);

@@ -234,15 +234,13 @@ void CContainerUI::ProcessScrollBar(RECT area, int neededWidth, int neededHeight
         const bool changed = settleHorizontal(area, neededWidth);
         settleVertical(area, neededWidth, neededHeight, changed);
     } else if (verticalBar) {
-        fitVertical(area, neededHeight);
+        fitOnlyBar(*verticalBar, placeOfVerticalBar(area, *verticalBar), neededHeight - height(area));
     } else if (horizontalBar) {
-        fitHorizontal(area, neededWidth);
+        fitOnlyBar(*horizontalBar, placeOfHorizontalBar(area, *horizontalBar), neededWidth - width(area));
     }
 }
 
-void CContainerUI::fitVertical(const RECT& area, int needed) {
-    CScrollBarUI& bar = *verticalBar;
-    const int range = needed - height(area);
+void CContainerUI::fitOnlyBar(CScrollBarUI& bar, const RECT& place, int range) {
     if (range > 0 && !bar.IsVisible()) {
         bar.SetVisible(true);
         bar.SetScrollRange(range);
@@ -252,25 +250,7 @@ void CContainerUI::fitVertical(const RECT& area, int needed) {
         hideBar(bar);
         layoutAgain(true);
     } else if (bar.IsVisible()) {
-        bar.SetPos(placeOfVerticalBar(area, bar), false);
-        if (fitRange(bar, range))
-            layoutAgain(false);
-    }
-}
-
-void CContainerUI::fitHorizontal(const RECT& area, int needed) {
-    CScrollBarUI& bar = *horizontalBar;
-    const int range = needed - width(area);
-    if (range > 0 && !bar.IsVisible()) {
-        bar.SetVisible(true);
-        bar.SetScrollRange(range);
-        bar.SetScrollPos(0, Notification::Send);
-        layoutForNewBar();
-    } else if (bar.IsVisible() && range <= 0 && !insideBarLayout) {
-        hideBar(bar);
-        layoutAgain(true);
-    } else if (bar.IsVisible()) {
-        bar.SetPos(placeOfHorizontalBar(area, bar), false);
+        bar.SetPos(place, false);
         if (fitRange(bar, range))
             layoutAgain(false);
     }

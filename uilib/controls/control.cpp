@@ -38,6 +38,8 @@ void CControlUI::SetManager(CPaintManagerUI* newManager, CControlUI* newParent, 
         cover->SetManager(newManager, this, initialise);
     manager = newManager;
     parent = newParent;
+    if (updateNeeded || updateBelow)
+        markAncestors();
     if (initialise && newParent)
         Init();
 }
@@ -127,6 +129,10 @@ void CControlUI::SetEnabled(bool on) {
     setAndInvalidate(enabled, on);
 }
 
+bool CControlUI::ShowsFocus() const {
+    return IsFocused() && (!manager || manager->IsFocusShown());
+}
+
 void CControlUI::SetFocus() {
     if (manager)
         manager->SetFocus(this, FocusWindow::No);
@@ -150,9 +156,16 @@ void CControlUI::NeedUpdate() {
     if (!IsVisible())
         return;
     updateNeeded = true;
+    markAncestors();
     Invalidate();
     if (manager)
         manager->NeedUpdate();
+}
+
+// Above one that has the mark all have it.
+void CControlUI::markAncestors() {
+    for (CControlUI* above = walkParent(); above && !above->updateBelow; above = above->walkParent())
+        above->updateBelow = true;
 }
 
 void CControlUI::NeedParentUpdate() {
@@ -168,13 +181,22 @@ void CControlUI::NeedParentUpdate() {
 
 // The tests that every class starts its FindControl with.
 bool CControlUI::passesFilter(FindControlFunction function, void* data, unsigned flags) {
-    if ((flags & FindVisible) && !IsVisible())
+    const bool updateTest = flags & FindUpdateTest;
+    if (updateTest && !updateNeeded && !updateBelow)
         return false;
-    if ((flags & FindEnabled) && !IsEnabled())
-        return false;
-    if ((flags & FindHitTest) && !contains(position, *static_cast<POINT*>(data)))
-        return false;
-    return !(flags & FindUpdateTest) || !function(this, data);
+    const bool wanted = (!(flags & FindVisible) || IsVisible()) && (!(flags & FindEnabled) || IsEnabled()) &&
+                        (!(flags & FindHitTest) || contains(position, *static_cast<POINT*>(data)));
+    if (!updateTest)
+        return wanted;
+    // The walk takes the marks on its way; below what it does not enter they stay for the
+    // next one.
+    if (wanted && !function(this, data)) {
+        updateBelow = false;
+        return true;
+    }
+    if (!wanted || updateBelow)
+        markAncestors();
+    return false;
 }
 
 CControlUI* CControlUI::FindControl(FindControlFunction function, void* data, unsigned flags) {

@@ -39,7 +39,7 @@ enum FindFlags : unsigned {
     FindVisible = 1,
     FindEnabled = 2,
     FindHitTest = 4,    // data is a POINT
-    FindUpdateTest = 8, // a control that answers is not entered
+    FindUpdateTest = 8, // only where a layout is pending; a control that answers is not entered
     FindTopFirst = 16,
     FindMeFirst = 0x80000000,
 };
@@ -144,6 +144,7 @@ public:
     virtual bool IsKeyboardEnabled() const { return keyboardEnabled; }
     virtual void SetKeyboardEnabled(bool on) { keyboardEnabled = on; }
     virtual bool IsFocused() const { return focused; }
+    bool ShowsFocus() const; // and the window shows its focus
     virtual void SetFocus(); // asks the manager; does not focus the window
     virtual bool IsContextMenuUsed() const { return menuUsed; }
     virtual void SetContextMenuUsed(bool on) { menuUsed = on; }
@@ -212,9 +213,12 @@ protected:
     template <class Value>
     void setAndLayout(Value& field, const Value& value);
     bool passesFilter(FindControlFunction function, void* data, unsigned flags);
+    // The control through which a walk of the tree comes here.
+    virtual CControlUI* walkParent() const { return parent; }
     void clearUpdateNeeded() { updateNeeded = false; }
     void storeFocused(bool on) { focused = on; }
     void storeVisible(bool on) { visible = on; }
+    void storeFixedSize(SIZE size) { fixedSize = size; } // without a layout
 
     CPaintManagerUI* manager = nullptr;
     CControlUI* parent = nullptr;
@@ -228,6 +232,7 @@ private:
     void placeCover();
     void invalidateWithin(RECT area);
     void hideFocus();
+    void markAncestors();
     void paintLayers(HDC context);
     void paintBorderSides(HDC context, uint32_t color);
 
@@ -248,6 +253,7 @@ private:
     TPercentInfo floatPercent;
 
     bool updateNeeded = true;
+    bool updateBelow = false; // true wherever a descendant needs one, and for a while longer
     bool menuUsed = false;
     bool visible = true;
     bool internVisible = true;

@@ -66,7 +66,7 @@ bool CControlUI::DrawImage(HDC context, DrawRecord& image) {
 }
 
 void CControlUI::PaintBorder(HDC context) {
-    PaintBorder(context, IsFocused() && focusBorderColor ? focusBorderColor : borderColor);
+    PaintBorder(context, ShowsFocus() && focusBorderColor ? focusBorderColor : borderColor);
 }
 
 void CControlUI::PaintBorder(HDC context, uint32_t color) {

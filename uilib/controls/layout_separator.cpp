@@ -94,10 +94,7 @@ void CLinearLayoutUI::onSeparatorDrag(const TUIEvent& event) {
     if (size == old)
         return;
     edge = trailing ? opposite + size : opposite - size;
-    if (vertical)
-        SetFixedHeight(size);
-    else
-        SetFixedWidth(size);
+    storeFixedSize(vertical ? SIZE{GetFixedWidth(), size} : SIZE{size, GetFixedHeight()});
     if (immediate) {
         position = newPosition;
         NeedParentUpdate();

@@ -36,11 +36,17 @@ const AttributeTable& CListElementUI::GetAttributeTable() const {
     return table;
 }
 
+// While a popup shows the item, its manager is the popup's, to which nobody listens.
+void CListElementUI::tellWindow(const wchar_t* notification) {
+    const auto* list = dynamic_cast<const CControlUI*>(owner);
+    if (CPaintManagerUI* listener = list ? list->GetManager() : manager)
+        listener->SendNotify(this, notification);
+}
+
 bool CListElementUI::Activate() {
     if (!CControlUI::Activate())
         return false;
-    if (manager)
-        manager->SendNotify(this, L"itemactivate");
+    tellWindow(L"itemactivate");
     return true;
 }
 
@@ -139,7 +145,7 @@ SIZE CListLabelElementUI::EstimateSize(SIZE available) {
         return fixed;
     if (fixed.cx > 0 && info.itemHeight > 0)
         return {fixed.cx, info.itemHeight};
-    Basis basis = {available, info.itemHeight, info.font, info.textStyle, info.textPadding};
+    Basis basis = {available, info.itemHeight, info.font, info.textStyle, info.textPadding, info.showHtml};
     if (info.textStyle & DT_SINGLELINE)
         basis.available = {}; // makes no difference
     if (needEstimate || !(basis == last)) {
@@ -190,8 +196,7 @@ void CListLabelElementUI::DoEvent(TUIEvent& event) {
         case EventRightButtonDown:
             if (!IsEnabled())
                 return;
-            if (manager)
-                manager->SendNotify(this, L"itemclick");
+            tellWindow(L"itemclick");
             Select(true, true);
             Invalidate();
             return;

@@ -33,6 +33,7 @@ public:
     using IListItemUI::DrawItemText;
 
 protected:
+    void tellWindow(const wchar_t* notification); // the one that the list is in
     void drawBackground(HDC context);
     bool drawStateImage(HDC context, TListInfoUI& info);
     Color stateBackground(const TListInfoUI& info) const;
@@ -68,6 +69,7 @@ private:
         int font = 0;
         unsigned textStyle = 0;
         RECT textPadding = {};
+        bool showHtml = false;
 
         bool operator==(const Basis& other) const = default;
     };

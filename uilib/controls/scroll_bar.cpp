@@ -92,6 +92,10 @@ const AttributeTable& CScrollBarUI::GetAttributeTable() const {
     return table;
 }
 
+CControlUI* CScrollBarUI::walkParent() const {
+    return owner ? owner : CControlUI::walkParent();
+}
+
 void CScrollBarUI::SetHorizontal(bool on) {
     if (horizontal == on)
         return;

@@ -51,6 +51,9 @@ public:
     void DoEvent(TUIEvent& event) override;
     bool Paint(HDC context, const RECT& rectangle, CControlUI* stop) override;
 
+protected:
+    CControlUI* walkParent() const override;
+
 private:
     enum State : unsigned { Disabled = 4, Hot = 8, Pushed = 16, Captured = 64 };
     struct Part {

@@ -6,26 +6,29 @@
 
 namespace UILib {
 
-unsigned withAlign(unsigned style, const wchar_t* words) {
-    constexpr unsigned Flags = DT_CENTER | DT_RIGHT;
-    if (std::wcsstr(words, L"left"))
-        style &= ~Flags;
-    if (std::wcsstr(words, L"center"))
-        style = (style & ~Flags) | DT_CENTER;
-    if (std::wcsstr(words, L"right"))
-        style = (style & ~Flags) | DT_RIGHT;
+namespace {
+
+struct Word {
+    const wchar_t* name;
+    unsigned flag;
+};
+
+// Each word that is found anywhere in the text wins over those before it.
+unsigned withWords(unsigned style, const wchar_t* text, const Word (&words)[3]) {
+    for (const Word& word : words)
+        if (std::wcsstr(text, word.name))
+            style = (style & ~(words[0].flag | words[1].flag | words[2].flag)) | word.flag;
     return style;
 }
 
+} // namespace
+
+unsigned withAlign(unsigned style, const wchar_t* words) {
+    return withWords(style, words, {{L"left", DT_LEFT}, {L"center", DT_CENTER}, {L"right", DT_RIGHT}});
+}
+
 unsigned withVAlign(unsigned style, const wchar_t* words) {
-    constexpr unsigned Flags = DT_VCENTER | DT_BOTTOM;
-    if (std::wcsstr(words, L"top"))
-        style &= ~Flags;
-    if (std::wcsstr(words, L"vcenter"))
-        style = (style & ~Flags) | DT_VCENTER;
-    if (std::wcsstr(words, L"bottom"))
-        style = (style & ~Flags) | DT_BOTTOM;
-    return style;
+    return withWords(style, words, {{L"top", DT_TOP}, {L"vcenter", DT_VCENTER}, {L"bottom", DT_BOTTOM}});
 }
 
 } // namespace UILib

@@ -24,12 +24,12 @@ int GdiHtmlDevice::width(int font, std::wstring_view text) {
     return static_cast<int>(size.cx);
 }
 
-size_t GdiHtmlDevice::fit(int font, std::wstring_view text, int width) {
+HtmlDevice::Fit GdiHtmlDevice::fit(int font, std::wstring_view text, int room) {
     select(font);
     SIZE size = {};
     int count = 0;
-    GetTextExtentExPointW(context, text.data(), static_cast<int>(text.size()), width, &count, nullptr, &size);
-    return static_cast<size_t>(count);
+    GetTextExtentExPointW(context, text.data(), static_cast<int>(text.size()), room, &count, nullptr, &size);
+    return {static_cast<size_t>(count), static_cast<int>(size.cx)};
 }
 
 int GdiHtmlDevice::twin(int font, FontTrait trait) {

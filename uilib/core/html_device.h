@@ -20,7 +20,7 @@ public:
 
     Metrics metrics(int font) override;
     int width(int font, std::wstring_view text) override;
-    size_t fit(int font, std::wstring_view text, int width) override;
+    Fit fit(int font, std::wstring_view text, int room) override;
     int twin(int font, FontTrait trait) override;
     int find(const HtmlFont& font, int fallback) override;
     int italicOverhang(int font) override;

@@ -31,6 +31,29 @@ Box aligned(Box box, const HtmlStyle& style, int width, int height) {
     return box;
 }
 
+void move(Box& box, int dx, int dy) {
+    box = {box.left + dx, box.top + dy, box.right + dx, box.bottom + dy};
+}
+
+void move(HtmlLayout& layout, int dx, int dy) {
+    for (HtmlRun& run : layout.runs) {
+        run.x += dx;
+        run.y += dy;
+    }
+    for (HtmlPicture& picture : layout.pictures)
+        move(picture.box, dx, dy);
+    for (HtmlLink& link : layout.links)
+        move(link.box, dx, dy);
+}
+
+// Whether setting the text again where it belongs would break it into the same lines.
+bool staysTheSame(const HtmlLayout& layout, const Box& box, const HtmlStyle& style) {
+    if (!layout.movable)
+        return false;
+    return style.singleLine ? layout.width <= box.width()
+                            : layout.height <= box.height() && !style.endEllipsis;
+}
+
 } // namespace
 
 HtmlLayout measureHtml(HtmlDevice& device, std::wstring_view text, const Box& box, HtmlStyle style,
@@ -47,8 +70,12 @@ HtmlLayout layoutHtml(HtmlDevice& device, std::wstring_view text, const Box& box
         probe.right = box.left + EndlessWidth;
         probe.bottom = box.top + SingleLineHeight;
     }
-    const HtmlLayout size = measureHtml(device, text, probe, style, defaults);
-    return HtmlTypesetter(device, aligned(box, style, size.width, size.height), style, defaults).set(text);
+    HtmlLayout first = HtmlTypesetter(device, probe, style, defaults).set(text);
+    const Box place = aligned(box, style, first.width, first.height);
+    if (!staysTheSame(first, box, style))
+        return HtmlTypesetter(device, place, style, defaults).set(text);
+    move(first, place.left - box.left, place.top - box.top);
+    return first;
 }
 
 } // namespace UILib

@@ -49,10 +49,14 @@ public:
         int externalLeading = 0;
     };
 
+    struct Fit {
+        size_t count = 0; // characters from the start that have room
+        int width = 0;    // of the whole text, room or not
+    };
+
     virtual Metrics metrics(int font) = 0;
     virtual int width(int font, std::wstring_view text) = 0;
-    // The number of characters from the start that are together no wider than that.
-    virtual size_t fit(int font, std::wstring_view text, int width) = 0;
+    virtual Fit fit(int font, std::wstring_view text, int room) = 0;
     virtual int twin(int font, FontTrait trait) = 0; // the same font with that trait as well
     virtual int find(const HtmlFont& font, int fallback) = 0;
     virtual int italicOverhang(int font) = 0;           // room behind slanted text; 0 upright
@@ -107,6 +111,7 @@ struct HtmlLayout {
     std::vector<HtmlLink> links;
     int width = 0; // used
     int height = 0;
+    bool movable = true; // no tag has asked for a place of its own
 };
 
 // Aligned in the rectangle as the style wants it.

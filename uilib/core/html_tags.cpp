@@ -202,6 +202,7 @@ void HtmlTypesetter::breakLine(Text) {
 }
 
 void HtmlTypesetter::penTo(Text attribute, int column) {
+    layout.movable = false;
     pen = defaults.color == TableTextColor ? column : readCoordinate(attribute);
 }
 
@@ -214,6 +215,7 @@ void HtmlTypesetter::penTo354(Text attribute) {
 }
 
 void HtmlTypesetter::penBy(Text attribute) {
+    layout.movable = false;
     pen = std::clamp(pen + readCoordinate(attribute), -CoordinateLimit, CoordinateLimit);
 }
 

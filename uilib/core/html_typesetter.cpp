@@ -70,9 +70,10 @@ void HtmlTypesetter::take(const HtmlToken& token) {
 
 void HtmlTypesetter::placeText(Text text) {
     while (!text.empty() && !done) {
-        size_t count = fitting(text);
+        const HtmlDevice::Fit fit = fitting(text);
+        size_t count = fit.count;
         if (count == text.size()) {
-            put(text);
+            put(text, fit.width);
             return;
         }
         if (endsInEllipsis()) {
@@ -93,15 +94,15 @@ void HtmlTypesetter::placeText(Text text) {
 }
 
 // Measures ever longer beginnings, so that a long text costs no more than its line.
-size_t HtmlTypesetter::fitting(Text text) const {
+HtmlDevice::Fit HtmlTypesetter::fitting(Text text) const {
     const int room = box.right - pen;
     if (room <= 0)
-        return 0;
+        return {};
     for (size_t length = 64;; length *= 2) {
         const Text begin = text.substr(0, length);
-        const size_t count = device.fit(fonts.back(), begin, room);
-        if (count < begin.size() || begin.size() == text.size())
-            return wholeCharacters(text, std::min(count, begin.size()));
+        const HtmlDevice::Fit fit = device.fit(fonts.back(), begin, room);
+        if (fit.count < begin.size() || begin.size() == text.size())
+            return {wholeCharacters(text, std::min(fit.count, begin.size())), fit.width};
     }
 }
 
@@ -129,7 +130,7 @@ bool HtmlTypesetter::endsInEllipsis() const {
     return !anotherLine;
 }
 
-void HtmlTypesetter::put(Text text) {
+void HtmlTypesetter::put(Text text, int width) {
     if (text.empty())
         return;
     const int font = fonts.back();
@@ -144,7 +145,7 @@ void HtmlTypesetter::put(Text text) {
     run.linkName = linkName;
     items.push_back({false, layout.runs.size(), metrics.height, aligns.back()});
     layout.runs.push_back(run);
-    pen += device.width(font, text);
+    pen += width;
     tallest = std::max(tallest, fontHeight());
     lastCharacter = text.back();
 }

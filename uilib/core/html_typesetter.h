@@ -42,10 +42,11 @@ private:
 
     // -- Text
     void placeText(Text text);
-    size_t fitting(Text text) const;
+    HtmlDevice::Fit fitting(Text text) const;
     size_t breakAt(Text text, size_t fitting, size_t& blanks) const;
     bool endsInEllipsis() const;
-    void put(Text text);
+    void put(Text text) { put(text, device.width(fonts.back(), text)); }
+    void put(Text text, int width);
     void putPicture(HtmlImage image);
 
     // -- Lines

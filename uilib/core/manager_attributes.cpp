@@ -32,6 +32,8 @@ constexpr WindowAttribute Attributes[] = {
     {L"showdirty", Case::Any, [](Manager& m, const wchar_t* v) { m.SetShowDirty(equalNoCase(v, L"true")); }},
     {L"noactivate", Case::Exact,
      [](Manager& m, const wchar_t* v) { m.SetNoActivate(equalNoCase(v, L"true")); }},
+    {L"keyboardfocus", Case::Any,
+     [](Manager& m, const wchar_t* v) { m.SetKeyboardFocus(equalNoCase(v, L"true")); }},
     {L"opacity", Case::Any, [](Manager& m, const wchar_t* v) { m.SetOpacity(readNumber(v)); }},
     {L"layeredopacity", Case::Exact,
      [](Manager& m, const wchar_t* v) { m.SetLayeredOpacity(readNumber(v)); }},

@@ -46,6 +46,7 @@ CControlUI* findTabStop(CControlUI* root, CControlUI* focus, Tab direction) {
 } // namespace
 
 void CPaintManagerUI::SetFocus(CControlUI* control, FocusWindow focusWindow) {
+    checkThread(L"SetFocus");
     if (focusWindow == FocusWindow::Yes && control != focus && !noActivate && ::GetFocus() != window)
         ::SetFocus(window);
     if (control == focus)
@@ -67,6 +68,12 @@ void CPaintManagerUI::dropFocus() {
     if (focus == old) // not deleted by its own event
         SendNotify(old, L"killfocus");
     focus = nullptr;
+}
+
+void CPaintManagerUI::showFocus(bool on) {
+    if (focusShown != on && focus)
+        focus->Invalidate();
+    focusShown = on;
 }
 
 void CPaintManagerUI::SetFocusNeeded(CControlUI* control) {

@@ -7,7 +7,6 @@ namespace UILib {
 
 namespace {
 
-constexpr UINT RefreshTimer = 8192;  // outside the numbers of the controls' timers
 constexpr UINT RefreshInterval = 10; // ms
 constexpr unsigned OldestLayeredSystem = 6;
 
@@ -40,9 +39,9 @@ void CPaintManagerUI::SetLayered(bool on) {
         return;
     setExtendedStyle(window, WS_EX_LAYERED, on);
     if (on)
-        ::SetTimer(window, RefreshTimer, RefreshInterval, nullptr);
+        ::SetTimer(window, LayeredRefreshTimer, RefreshInterval, nullptr);
     else
-        ::KillTimer(window, RefreshTimer);
+        ::KillTimer(window, LayeredRefreshTimer);
     layered = on;
     if (root)
         root->NeedUpdate();
@@ -59,7 +58,7 @@ void CPaintManagerUI::SetOpacity(int alpha) {
         return;
     if (layered) {
         // The system forgets the pixels' alpha only when the style goes and comes again.
-        ::KillTimer(window, RefreshTimer);
+        ::KillTimer(window, LayeredRefreshTimer);
         setExtendedStyle(window, WS_EX_LAYERED, false);
         layered = false;
     }

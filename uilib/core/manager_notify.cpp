@@ -16,6 +16,7 @@ void CPaintManagerUI::SendNotify(CControlUI* sender, const wchar_t* type, WPARAM
 }
 
 void CPaintManagerUI::SendNotify(TUINotify& notification, Delivery delivery, Repeats repeats) {
+    checkThread(L"SendNotify");
     notification.mouse = mouse;
     notification.timestamp = GetTickCount();
     if (useVirtualWindow && notification.sender)

@@ -48,7 +48,13 @@ CControlUI* collectPending(CControlUI* control, void* data) {
 
 } // namespace
 
+void CPaintManagerUI::NeedUpdate() {
+    checkThread(L"NeedUpdate");
+    updateNeeded = true;
+}
+
 void CPaintManagerUI::Invalidate(RECT area) {
+    checkThread(L"Invalidate");
     area.left = std::max(area.left, 0L);
     area.top = std::max(area.top, 0L);
     area.right = std::max(area.right, area.left);
@@ -60,6 +66,7 @@ void CPaintManagerUI::Invalidate(RECT area) {
 }
 
 void CPaintManagerUI::Invalidate() {
+    checkThread(L"Invalidate");
     if (layered) {
         const SIZE client = GetClientSize();
         updateRect = join(updateRect, {0, 0, client.cx, client.cy});
@@ -117,7 +124,7 @@ void CPaintManagerUI::onPaint() {
     paintOffscreen(client, part);
     painting = false;
     layeredChanged = false;
-    if (updateNeeded)
+    if (updateNeeded || focusNeeded) // the focus waits for a paint after the layout
         Invalidate();
 }
 

@@ -7,6 +7,7 @@ namespace UILib {
 constexpr UINT TimerNumbers = 255;
 
 bool CPaintManagerUI::SetTimer(CControlUI* control, UINT id, UINT milliseconds) {
+    checkThread(L"SetTimer");
     for (Timer& timer : timers) {
         if (timer.control != control || timer.window != window || timer.localId != id)
             continue;

@@ -57,7 +57,7 @@ void CPaintManagerUI::hideToolTip() {
 }
 
 // The mouse may have left only for a tip or a child: then it is still ours.
-void CPaintManagerUI::onMouseLeave() {
+void CPaintManagerUI::onMouseLeave(WPARAM, LPARAM) {
     if (!root)
         return;
     hideToolTip();

@@ -46,7 +46,13 @@ bool CMarkup::LoadUtf16(std::string_view bytes) {
 void CMarkup::Release() {
     text.reset();
     elements.clear();
-    elements.shrink_to_fit();
+}
+
+void CMarkup::Table::reserve(size_t wanted) {
+    auto larger = std::make_unique_for_overwrite<Element[]>(wanted);
+    std::copy_n(records.get(), count, larger.get());
+    records = std::move(larger);
+    capacity = static_cast<uint32_t>(wanted);
 }
 
 CMarkupNode CMarkup::GetRoot() const {

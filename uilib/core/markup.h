@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <memory>
 #include <string_view>
-#include <vector>
 
 // The parser of the skin's markup. In one pass over the document it writes the names and
 // values, each with its terminator, into one block of text, and the elements into one flat
@@ -100,8 +99,34 @@ private:
     template <class Unit>
     bool parse(std::basic_string_view<Unit> document);
 
+    // One block without the checks and the zeroing of a vector, which a parser that does
+    // little else would feel.
+    class Table {
+    public:
+        const Element& operator[](uint32_t number) const { return records[number]; }
+        Element& operator[](uint32_t number) { return records[number]; }
+        uint32_t size() const { return count; }
+        void reserve(size_t wanted);
+        uint32_t add(const Element& element) {
+            if (count == capacity)
+                reserve(size_t{capacity} + capacity / 2 + GrowthRecords);
+            records[count] = element;
+            return count++;
+        }
+        void clear() {
+            records.reset();
+            count = capacity = 0;
+        }
+
+    private:
+        static constexpr uint32_t GrowthRecords = 500;
+        std::unique_ptr<Element[]> records;
+        uint32_t count = 0;
+        uint32_t capacity = 0;
+    };
+
     std::unique_ptr<wchar_t[]> text;
-    std::vector<Element> elements;
+    Table elements;
     wchar_t errorMessage[100] = L"";
     wchar_t errorLocation[50] = L"";
 };

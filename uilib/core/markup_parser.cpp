@@ -21,7 +21,7 @@ constexpr Entity Entities[] = {
 // What a skin has as a rule; a guess too low costs a copy of the table, one too high only
 // address space.
 constexpr size_t BytesPerElement = 100;
-constexpr size_t GrowthRecords = 500;
+constexpr size_t LeastElements = 500;
 
 // A document may be bytes of UTF-8 or wide characters already.
 char32_t takeCharacter(const char*& at, const char* end) {
@@ -36,6 +36,21 @@ wchar_t* copyText(std::string_view from, wchar_t* to) {
 }
 wchar_t* copyText(std::wstring_view from, wchar_t* to) {
     return std::copy(from.begin(), from.end(), to);
+}
+
+// What the text behind an ampersand stands for, and over it. Whatever is no entity was a
+// plain ampersand, and nothing behind it is taken.
+template <class Unit>
+wchar_t takeEntity(const Unit*& at, const Unit* end) {
+    for (const Entity& entity : Entities) {
+        const size_t length = entity.name.size();
+        if (static_cast<size_t>(end - at) >= length &&
+            std::equal(entity.name.begin(), entity.name.end(), at)) {
+            at += length;
+            return entity.character;
+        }
+    }
+    return L'&';
 }
 
 // A letter or digit beyond ASCII, of those that one wide character can hold.
@@ -67,22 +82,32 @@ private:
         uint32_t element;
         View name;
     };
+    // The two positions, as a value for what runs over every attribute: what is stored
+    // into the text might be members, for all the compiler knows, which it would then
+    // read again after every store.
+    struct Cursor {
+        const Unit* at;
+        wchar_t* out;
+    };
 
     bool parseElements();
     bool openElement();
+    void joinTextToName(const Unit* tagEnd);
     bool closeElement();
     bool parseAttributes();
-    bool parseValue();
+    const wchar_t* parseAttribute(Cursor& here) const;
+    bool copyValue(Cursor& here) const;
     void skipDeclaration();
-    wchar_t takeEntity();
     uint32_t addElement();
     bool fail(const wchar_t* message);
 
     bool is(char c, int ahead = 0) const { return end - at > ahead && at[ahead] == static_cast<Unit>(c); }
     bool atEmptyEnd() const { return is('/') && is('>', 1); } // "/>"
     void skipBlanks() { at = scan::skipBlanks(at, end); }
-    View copyIdentifier();
-    void copyCharacter();
+    void copyIdentifier(Cursor& here) const;
+    Cursor copyWideIdentifier(Cursor here) const;
+    Cursor copyEntity(Cursor here) const;
+    Cursor copyCharacter(Cursor here) const;
     uint32_t parent() const { return open.empty() ? 0 : open.back().element; }
     bool mayEndHere() const { return parent() <= 1; } // the root's own end tag may be missing
 
@@ -124,10 +149,15 @@ template <class Unit>
 bool MarkupParser<Unit>::openElement() {
     const uint32_t number = addElement();
     document.elements[number].start = static_cast<uint32_t>(out - document.text.get());
-    const View name = copyIdentifier();
+    Cursor here = {at, out};
+    copyIdentifier(here);
+    const View name(at, static_cast<size_t>(here.at - at));
+    at = here.at;
+    out = here.out;
     if (at == end)
         return fail(L"Error parsing element name");
     *out++ = 0;
+    const bool bare = is('>');
     if (!parseAttributes())
         return false;
     document.elements[number].data = static_cast<uint32_t>(out - document.text.get());
@@ -139,12 +169,35 @@ bool MarkupParser<Unit>::openElement() {
     }
     if (!is('>'))
         return fail(L"Expected start-tag closing");
+    const Unit* const tagEnd = at;
     at = scan::findTag(at + 1, end);
-    if (at == end)
-        return mayEndHere() || fail(L"Expected end-tag start");
+    if (at == end && !mayEndHere())
+        return fail(L"Expected end-tag start");
+    if (at == end) {
+        if (bare)
+            joinTextToName(tagEnd);
+        return true;
+    }
     open.push_back({number, name});
     previous = 0;
     return true;
+}
+
+// What ends a bare name is the end of its element. Where the document breaks off before
+// that, the rest of it belongs to the name: such an element is of no known class.
+template <class Unit>
+void MarkupParser<Unit>::joinTextToName(const Unit* tagEnd) {
+    wchar_t* to = out - 1; // over the terminator
+    wchar_t* const textEnd = copyText(View(tagEnd, static_cast<size_t>(end - tagEnd)), to);
+    for (const wchar_t* from = to; from < textEnd; ++to) {
+        const wchar_t character = *from++;
+        *to = character == L'&' ? takeEntity(from, static_cast<const wchar_t*>(textEnd)) : character;
+    }
+    // The text shrinks in place, and blanks fill the gap but for its first character.
+    if (to < textEnd)
+        std::fill(to + 1, textEnd, L' ');
+    *textEnd = 0;
+    out = textEnd + 1;
 }
 
 template <class Unit>
@@ -169,58 +222,58 @@ template <class Unit>
 bool MarkupParser<Unit>::parseAttributes() {
     if (is('>') || atEmptyEnd())
         return true;
-    takeCharacter(at, end); // whatever ended the name
+    // Whatever ended the name. Of two wide characters the second starts no attribute.
+    if (takeCharacter(at, end) >= 0x10000)
+        return fail(L"Error while parsing attributes");
     skipBlanks();
-    while (at < end && *at != '>' && *at != '/') {
-        copyIdentifier();
-        *out++ = 0;
-        skipBlanks();
-        if (!is('='))
-            return fail(L"Error while parsing attributes");
-        ++at;
-        skipBlanks();
-        if (!is('"'))
-            return fail(L"Expected attribute value");
-        ++at;
-        if (!parseValue())
-            return false;
-        skipBlanks();
-    }
-    return true;
+    const wchar_t* error = nullptr;
+    Cursor here = {at, out};
+    while (!error && here.at < end && *here.at != '>' && *here.at != '/')
+        error = parseAttribute(here);
+    at = here.at;
+    out = here.out;
+    return !error || fail(error);
 }
 
-// Leaves the position behind the closing quote.
+// Gives the message of what is wrong, or null.
 template <class Unit>
-bool MarkupParser<Unit>::parseValue() {
+[[gnu::always_inline]] inline const wchar_t* MarkupParser<Unit>::parseAttribute(Cursor& here) const {
+    copyIdentifier(here);
+    *here.out++ = 0;
+    here.at = scan::skipBlanks(here.at, end);
+    if (here.at == end || *here.at != '=')
+        return L"Error while parsing attributes";
+    here.at = scan::skipBlanks(here.at + 1, end);
+    if (here.at == end || *here.at != '"')
+        return L"Expected attribute value";
+    ++here.at;
+    if (!copyValue(here))
+        return L"Error while parsing attribute string";
+    here.at = scan::skipBlanks(here.at, end);
+    return nullptr;
+}
+
+// Up to the closing quote and over it.
+template <class Unit>
+[[gnu::always_inline]] inline bool MarkupParser<Unit>::copyValue(Cursor& here) const {
     for (;;) {
-        scan::copyAscii(at, end, out, scan::isPlainValue);
-        if (at == end)
-            return fail(L"Error while parsing attribute string");
-        if (*at == '"')
+        scan::copyAscii(here.at, end, here.out, scan::endsPlainValue);
+        if (here.at == end)
+            return false;
+        if (*here.at == '"')
             break;
-        if (*at == '&')
-            ++at, *out++ = takeEntity();
-        else
-            copyCharacter();
+        here = *here.at == '&' ? copyEntity(here) : copyCharacter(here);
     }
-    ++at;
-    *out++ = 0;
+    ++here.at;
+    *here.out++ = 0;
     return true;
 }
 
-// The character of the entity behind an ampersand. Whatever is no entity was a plain
-// ampersand, and nothing is taken.
 template <class Unit>
-wchar_t MarkupParser<Unit>::takeEntity() {
-    for (const Entity& entity : Entities) {
-        const size_t length = entity.name.size();
-        if (static_cast<size_t>(end - at) >= length &&
-            std::equal(entity.name.begin(), entity.name.end(), at)) {
-            at += length;
-            return entity.character;
-        }
-    }
-    return L'&';
+[[gnu::noinline]] typename MarkupParser<Unit>::Cursor MarkupParser<Unit>::copyEntity(Cursor here) const {
+    ++here.at;
+    *here.out = takeEntity(here.at, end);
+    return {here.at, here.out + 1};
 }
 
 // Passes over <!...-> or <?...?>.
@@ -235,38 +288,42 @@ void MarkupParser<Unit>::skipDeclaration() {
 }
 
 template <class Unit>
-std::basic_string_view<Unit> MarkupParser<Unit>::copyIdentifier() {
-    const Unit* start = at;
-    scan::copyAscii(at, end, out, scan::isIdentifier);
-    while (at < end && static_cast<std::make_unsigned_t<Unit>>(*at) >= 0x80) {
-        const Unit* next = at;
+[[gnu::always_inline]] inline void MarkupParser<Unit>::copyIdentifier(Cursor& here) const {
+    scan::copyAscii(here.at, end, here.out, scan::endsIdentifier);
+    if (here.at < end && static_cast<std::make_unsigned_t<Unit>>(*here.at) >= 0x80)
+        here = copyWideIdentifier(here);
+}
+
+// The rest of an identifier from a character beyond ASCII on.
+template <class Unit>
+[[gnu::noinline]] typename MarkupParser<Unit>::Cursor
+MarkupParser<Unit>::copyWideIdentifier(Cursor here) const {
+    while (here.at < end && static_cast<std::make_unsigned_t<Unit>>(*here.at) >= 0x80) {
+        const Unit* next = here.at;
         if (!isWideLetter(takeCharacter(next, end)))
             break;
-        copyCharacter();
-        scan::copyAscii(at, end, out, scan::isIdentifier);
+        here = copyCharacter(here);
+        scan::copyAscii(here.at, end, here.out, scan::endsIdentifier);
     }
-    return View(start, static_cast<size_t>(at - start));
+    return here;
 }
 
 // One character beyond ASCII.
 template <class Unit>
-void MarkupParser<Unit>::copyCharacter() {
-    const Unit* start = at;
-    takeCharacter(at, end);
-    out = copyText(View(start, static_cast<size_t>(at - start)), out);
+[[gnu::noinline]] typename MarkupParser<Unit>::Cursor MarkupParser<Unit>::copyCharacter(Cursor here) const {
+    const Unit* start = here.at;
+    takeCharacter(here.at, end);
+    here.out = copyText(View(start, static_cast<size_t>(here.at - start)), here.out);
+    return here;
 }
 
 template <class Unit>
 uint32_t MarkupParser<Unit>::addElement() {
-    auto& elements = document.elements;
-    if (elements.size() == elements.capacity())
-        elements.reserve(elements.capacity() + elements.capacity() / 2 + GrowthRecords);
-    const auto number = static_cast<uint32_t>(elements.size());
-    elements.push_back({0, 0, 0, parent(), 0});
+    const uint32_t number = document.elements.add({0, 0, 0, parent(), 0});
     if (previous)
-        elements[previous].next = number;
+        document.elements[previous].next = number;
     else if (parent())
-        elements[parent()].child = number;
+        document.elements[parent()].child = number;
     previous = number;
     return number;
 }
@@ -293,7 +350,7 @@ bool CMarkup::parse(std::basic_string_view<Unit> source) {
     // A name or value in the document is followed by at least one character that is not
     // part of it: its terminator has room.
     text = std::make_unique_for_overwrite<wchar_t[]>(source.size() + 1 + scan::CopySlack);
-    elements.reserve(source.size() / BytesPerElement + GrowthRecords);
+    elements.reserve(source.size() / BytesPerElement + LeastElements);
     const bool parsed = MarkupParser<Unit>(*this, source, text.get()).run();
     if (!parsed)
         Release();

@@ -26,12 +26,14 @@ public:
         return Block(narrow ? _mm_cmpeq_epi8(value, all(c)) : _mm_cmpeq_epi16(value, all(c)));
     }
     Block operator|(Block other) const { return Block(_mm_or_si128(value, other.value)); }
-    // Units from first to first + size.
+    // Units from first to first + size. The processor compares signed numbers only, so the
+    // range is moved to where they begin.
     Block within(unsigned first, unsigned size) const {
-        const __m128i from = narrow ? _mm_sub_epi8(value, all(first)) : _mm_sub_epi16(value, all(first));
-        const __m128i beyond = narrow ? _mm_subs_epu8(from, all(size)) : _mm_subs_epu16(from, all(size));
-        return Block(narrow ? _mm_cmpeq_epi8(beyond, _mm_setzero_si128())
-                            : _mm_cmpeq_epi16(beyond, _mm_setzero_si128()));
+        constexpr unsigned half = narrow ? 0x80 : 0x8000;
+        const __m128i from =
+            narrow ? _mm_sub_epi8(value, all(first + half)) : _mm_sub_epi16(value, all(first + half));
+        const __m128i behind = all(size + 1 + half);
+        return Block(narrow ? _mm_cmpgt_epi8(behind, from) : _mm_cmpgt_epi16(behind, from));
     }
     Block operator!() const { return *this == 0; } // of a comparison
     Block lowered() const { return Block(_mm_or_si128(value, all(0x20))); }
@@ -76,9 +78,6 @@ private:
 // The first unit for which goesOn does not hold, or the end.
 template <class Unit, class GoesOn>
 const Unit* skip(const Unit* at, const Unit* end, GoesOn goesOn) {
-    // Most runs are short, and many are empty.
-    if (at == end || !goesOn(Single(*at)))
-        return at;
 #ifdef __SSE2__
     if constexpr (hasBlocks<Unit>)
         for (; end - at >= Block<Unit>::Count; at += Block<Unit>::Count)
@@ -107,51 +106,67 @@ const Unit* find(const Unit* at, const Unit* end, Stops stops) {
 // Units that copyAscii may write behind what it copies.
 constexpr int CopySlack = 16;
 
-// Copies units of ASCII for which goesOn holds, and moves both positions behind them.
-template <class Unit, class GoesOn>
-void copyAscii(const Unit*& from, const Unit* end, wchar_t*& to, GoesOn goesOn) {
+// Copies units of ASCII up to the first for which stops holds, and moves both positions
+// behind them.
+template <class Unit, class Stops>
+[[gnu::always_inline]] inline void copyAscii(const Unit*& from, const Unit* end, wchar_t*& to, Stops stops) {
 #ifdef __SSE2__
     if constexpr (sizeof(Unit) == 1 && sizeof(wchar_t) == 2) {
         const __m128i zero = _mm_setzero_si128();
-        while (end - from >= 16) {
+        for (; end - from >= 16; from += 16, to += 16) {
             const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
             _mm_storeu_si128(reinterpret_cast<__m128i*>(to), _mm_unpacklo_epi8(bytes, zero));
             _mm_storeu_si128(reinterpret_cast<__m128i*>(to + 8), _mm_unpackhi_epi8(bytes, zero));
-            const unsigned stops = (goesOn(Block<Unit>(from)).bits() ^ Block<Unit>::All) |
-                                   static_cast<unsigned>(_mm_movemask_epi8(bytes));
-            const int count = stops ? __builtin_ctz(stops) : 16;
-            from += count;
-            to += count;
-            if (stops)
+            const Block<Unit> block(from);
+            // What is not ASCII has the bit set that bits() takes.
+            if (const unsigned hits = (stops(block) | block).bits()) {
+                from += __builtin_ctz(hits);
+                to += __builtin_ctz(hits);
                 return;
+            }
         }
     }
 #endif
-    for (; from < end && goesOn(Single(*from)) && static_cast<std::make_unsigned_t<Unit>>(*from) < 0x80;
+    for (; from < end && !stops(Single(*from)) && static_cast<std::make_unsigned_t<Unit>>(*from) < 0x80;
          ++from)
         *to++ = static_cast<wchar_t>(*from);
 }
 
+constexpr auto isBlank = [](auto units) { return units.within(1, 31); };
+
+// One blank is the usual case, and none the next.
 template <class Unit>
-const Unit* skipBlanks(const Unit* at, const Unit* end) {
-    return skip(at, end, [](auto units) { return units.within(1, 31); });
+[[gnu::always_inline]] inline const Unit* skipBlanks(const Unit* at, const Unit* end) {
+    if (at == end || !isBlank(Single(*at)))
+        return at;
+    ++at;
+    return at == end || !isBlank(Single(*at)) ? at : skip(at, end, isBlank);
 }
 
-// Letters, digits, '_' and ':' of ASCII.
-constexpr auto isIdentifier = [](auto units) {
-    return units.within('0', 10) | units.lowered().within('a', 25) | (units == '_');
+// Behind letters, digits, '_' and ':' of ASCII.
+constexpr auto endsIdentifier = [](auto units) {
+    return !(units.within('0', 10) | units.lowered().within('a', 25) | (units == '_'));
 };
 
-// What a value holds as it stands.
-constexpr auto isPlainValue = [](auto units) { return !((units == '"') | (units == '&')); };
+// What a value does not hold as it stands.
+constexpr auto endsPlainValue = [](auto units) { return (units == '"') | (units == '&'); };
 
 template <class Unit>
 const Unit* findTag(const Unit* at, const Unit* end) {
     return find(at, end, [](auto units) { return units == '<'; });
 }
 
+// Runs over whole documents: four registers at a time.
 template <class Unit>
 const Unit* findZero(const Unit* at, const Unit* end) {
+#ifdef __SSE2__
+    if constexpr (hasBlocks<Unit>)
+        for (constexpr int Four = 4 * Block<Unit>::Count; end - at >= Four; at += Four) {
+            const auto block = [at](int i) { return Block<Unit>(at + i * Block<Unit>::Count) == 0; };
+            if ((block(0) | block(1) | block(2) | block(3)).bits())
+                break;
+        }
+#endif
     return find(at, end, [](auto units) { return units == 0; });
 }
 

@@ -1,6 +1,7 @@
 #include "uilib/core/paint_manager.h"
 
 #include "uilib/controls/control.h"
+#include "utility/log.h"
 
 #include <algorithm>
 
@@ -74,11 +75,25 @@ void CPaintManagerUI::Init(HWND newWindow, const wchar_t* newName) {
     if (paintContext)
         ReleaseDC(window, paintContext);
     window = newWindow;
+    thread = GetCurrentThreadId();
     paintContext = GetDC(window);
     addTo(managers(), this);
 }
 
+void CPaintManagerUI::checkThread(const wchar_t* operation) const {
+    const DWORD caller = GetCurrentThreadId();
+    if (!thread || caller == thread)
+        return;
+    common::log("UILib::CPaintManagerUI::checkThread", __LINE__,
+                L"%s of window \"%s\" called on thread %lu, the window's is %lu", operation,
+                windowName.GetData(), caller, thread);
+#ifdef VYN_CHECKED
+    __builtin_trap();
+#endif
+}
+
 bool CPaintManagerUI::AttachDialog(CControlUI* newRoot) {
+    checkThread(L"AttachDialog");
     if (!newRoot)
         return false;
     SetFocus(nullptr, FocusWindow::Yes);
@@ -92,17 +107,20 @@ bool CPaintManagerUI::AttachDialog(CControlUI* newRoot) {
         AddDelayedCleanup(root);
     }
     root = newRoot;
-    firstLayout = updateNeeded = focusNeeded = true;
+    firstLayout = updateNeeded = true;
+    focusNeeded = !keyboardFocus;
     InitControls(root);
     return true;
 }
 
 void CPaintManagerUI::InitControls(CControlUI* control, CControlUI* parent) {
+    checkThread(L"InitControls");
     control->SetManager(this, parent ? parent : control->GetParent(), true);
     control->FindControl(rememberName, &names, 0);
 }
 
 void CPaintManagerUI::ReapObjects(CControlUI* control) {
+    checkThread(L"ReapObjects");
     for (CControlUI** slot : {&keyed, &hover, &click, &focus})
         if (*slot == control)
             *slot = nullptr;

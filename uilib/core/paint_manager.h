@@ -19,8 +19,9 @@
 // coordinates. Controls stay alive while their own event runs: what must go then goes
 // through AddDelayedCleanup. Window thread only.
 //
-// The code is in one file a topic: manager_input, _focus, _timers, _notify, _tooltip,
-// _paint, _layered; paint_manager.cpp has the life of a manager and its lists.
+// The code is in one file a topic: manager_dispatch, _mouse, _keys, _focus, _timers,
+// _notify, _tooltip, _paint, _layered; paint_manager.cpp has the life of a manager and its
+// lists.
 
 namespace UILib {
 
@@ -95,6 +96,10 @@ public:
     void SetFocus(CControlUI* control, FocusWindow focusWindow);
     void SetFocusNeeded(CControlUI* control); // after the next layout
     bool SetNextTabControl(Tab direction);
+    // On: the window begins without a focus, and the focus shows only between a Tab key and
+    // the next click. Off: the first tab stop has it from the start, and it always shows.
+    void SetKeyboardFocus(bool on) { keyboardFocus = on; }
+    bool IsFocusShown() const { return !keyboardFocus || focusShown; }
     void SetCapture();
     void ReleaseCapture();
     bool IsCaptured() const { return captured; }
@@ -103,7 +108,7 @@ public:
 
     void Invalidate();
     void Invalidate(RECT area);
-    void NeedUpdate() { updateNeeded = true; }
+    void NeedUpdate();
     bool IsPainting() const { return painting; }
     void PaintTree(HDC context, const RECT& part, CControlUI* control) override;
 
@@ -136,6 +141,10 @@ public:
     void SetLayeredEnlargeImage(const wchar_t* imageString) { layeredImage.enlargeString = imageString; }
 
 private:
+    // Begins what other threads might call by mistake. One that does is told of in the log,
+    // and ends a checked build.
+    void checkThread(const wchar_t* operation) const;
+
     struct Timer {
         CControlUI* control;
         UINT localId;
@@ -152,14 +161,19 @@ private:
         void operator()(HDC context) const { ReleaseDC(window, context); }
     };
 
-    // manager_input.cpp
+    // manager_dispatch.cpp
     bool applyMessageFilters(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     bool onLayeredFrame(UINT message, WPARAM wParam, LRESULT& result);
     bool dispatch(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
-    bool dispatchMouse(UINT message, WPARAM wParam, LPARAM lParam);
-    bool dispatchKey(UINT message, WPARAM wParam, LPARAM lParam);
+    bool dispatchInput(UINT message, WPARAM wParam, LPARAM lParam);
     void sendEvent(CControlUI* control, EventKind kind, WPARAM wParam = 0, LPARAM lParam = 0,
                    WORD keyState = 0, wchar_t key = 0);
+    bool reflect(UINT message, WPARAM wParam, LPARAM lParam, HWND child, LRESULT& result);
+    void onSize();
+    void onClose();
+    void onMinMaxInfo(LPARAM lParam) const;
+
+    // manager_mouse.cpp
     CControlUI* controlAt(POINT point);
     void onMouseMove(WPARAM wParam, LPARAM lParam);
     void changeHover(CControlUI* found, WPARAM wParam, LPARAM lParam);
@@ -168,18 +182,20 @@ private:
     void onDoubleClick(WPARAM wParam, LPARAM lParam);
     void onRightButtonDown(WPARAM wParam, LPARAM lParam);
     void onWheel(WPARAM wParam, LPARAM lParam);
-    void onMouseLeave();
     bool onSetCursor(LPARAM lParam);
     void onContextMenu(WPARAM wParam, LPARAM lParam);
-    void onClose();
-    void onSize();
-    void onMinMaxInfo(LPARAM lParam) const;
-    bool reflect(UINT message, WPARAM wParam, LPARAM lParam, HWND child, LRESULT& result);
+
+    // manager_keys.cpp
+    static WORD currentKeyState();
+    void onKeyDown(WPARAM wParam, LPARAM lParam);
+    void onKeyUp(WPARAM wParam, LPARAM lParam);
+    void onCharacter(WPARAM wParam, LPARAM lParam);
     bool activateShortcut(wchar_t character);
-    void focusWindowUnlessNoActivate();
 
     // manager_focus.cpp
+    void focusWindowUnlessNoActivate();
     void dropFocus();
+    void showFocus(bool on);
     void onKillWindowFocus(HWND next);
 
     // manager_timers.cpp
@@ -192,6 +208,7 @@ private:
     void deleteDelayed();
 
     // manager_tooltip.cpp
+    void onMouseLeave(WPARAM wParam, LPARAM lParam);
     bool onHover(WPARAM wParam, LPARAM lParam);
     void hideToolTip();
     void trackMouse();
@@ -209,6 +226,7 @@ private:
     void dropBuffers();
 
     // manager_layered.cpp
+    static constexpr UINT LayeredRefreshTimer = 8192; // outside the numbers of the controls' timers
     void paintNativeWindows(const RECT& part);
     void composeLayered(const RECT& client, const RECT& part);
     void applyFrameAlpha(const RECT& part);
@@ -216,6 +234,7 @@ private:
 
     CUIString windowName;
     HWND window = nullptr;
+    DWORD thread = 0; // of the window
     HDC paintContext = nullptr;
 
     std::unique_ptr<DibSurface> offscreen;
@@ -248,6 +267,8 @@ private:
     bool firstLayout = true;
     bool updateNeeded = false;
     bool focusNeeded = false;
+    bool keyboardFocus = false;
+    bool focusShown = false; // by the last input; counts with keyboardFocus
     bool noActivate = false;
     bool showDirty = false;
 

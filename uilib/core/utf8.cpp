@@ -14,23 +14,43 @@ bool isContinuation(unsigned char byte) {
     return (byte & 0xC0) == 0x80;
 }
 
-// Decodes one sequence of two or more bytes at the front and says how long it is.
+// What the second byte may be: it decides over forms longer than needed, surrogates and
+// what lies above the last code point.
+struct Range {
+    unsigned char first, last;
+};
+Range secondByte(unsigned char lead) {
+    switch (lead) {
+    case 0xE0:
+        return {0xA0, 0xBF};
+    case 0xED:
+        return {0x80, 0x9F};
+    case 0xF0:
+        return {0x90, 0xBF};
+    case 0xF4:
+        return {0x80, 0x8F};
+    default:
+        return {0x80, 0xBF};
+    }
+}
+
+// Decodes one sequence of two or more bytes at the front and says how long it is, or how
+// much of one there is.
 char32_t decodeSequence(const unsigned char* at, const unsigned char* end, int& length) {
-    static constexpr char32_t Smallest[] = {0, 0, 0x80, 0x800, 0x10000};
     const unsigned char lead = *at;
     const int wanted = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
     length = 1;
-    if (lead < 0xC2 || lead > 0xF4 || end - at < wanted)
+    if (lead < 0xC2 || lead > 0xF4)
         return Replacement;
     char32_t value = lead & (0xFF >> (wanted + 1));
-    for (int i = 1; i < wanted; ++i) {
-        if (!isContinuation(at[i]))
+    const Range second = secondByte(lead);
+    for (; length < wanted; ++length) {
+        if (end - at <= length || !isContinuation(at[length]))
             return Replacement;
-        value = value << 6 | (at[i] & 0x3F);
+        if (length == 1 && (at[1] < second.first || at[1] > second.last))
+            return Replacement;
+        value = value << 6 | (at[length] & 0x3F);
     }
-    if (value < Smallest[wanted] || value > 0x10FFFF || (value >= 0xD800 && value < 0xE000))
-        return Replacement;
-    length = wanted;
     return value;
 }
 

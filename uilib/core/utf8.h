@@ -4,7 +4,8 @@
 #include <string_view>
 
 // UTF-8 to wide text without the system, for documents that are read natively too.
-// Damaged sequences become U+FFFD, one per byte that starts nothing.
+// A damaged sequence becomes one U+FFFD as far as it could still have become sound, and
+// each byte that starts nothing another.
 
 namespace UILib {
 

@@ -65,15 +65,15 @@ TEST(Combo, SelectsByMouse) {
     EXPECT_EQ(stage.take(), "c!dropdown");
     ASSERT_TRUE(stage.control().IsOpen());
     stage.clickPopup(10, 50);
-    EXPECT_EQ(stage.take(), "c!itemselect");
+    EXPECT_EQ(stage.take(), "i2!itemclick c!itemselect");
     EXPECT_EQ(stage.last.wParam, 2u);
     EXPECT_EQ(stage.last.lParam, -1);
     EXPECT_TRUE(stage.closed());
     EXPECT_TRUE(stage.itemsAreBack());
     EXPECT_EQ(stage.control().GetText(), L"item 2");
     stage.open();
-    stage.clickPopup(10, 50); // the present one closes too, and tells nothing
-    EXPECT_EQ(stage.take(), "");
+    stage.clickPopup(10, 50); // the present one closes too, and nothing is selected anew
+    EXPECT_EQ(stage.take(), "i2!itemclick");
     EXPECT_TRUE(stage.closed());
 }
 
@@ -177,16 +177,42 @@ TEST(Combo, SurvivesTheEndOfItsWindowWhileOpen) {
 
 // A listener may empty the list while the popup's own event is on the stack.
 TEST(Combo, MayBeEmptiedByItsOwnNotification) {
+    for (const wchar_t* which : {L"itemclick", L"itemselect"}) {
+        ComboStage stage(combo(3));
+        stage.open();
+        stage.onNotify = [&](TUINotify& notification) {
+            if (notification.type == which)
+                stage.control().RemoveAll();
+        };
+        stage.clickPopup(10, 30);
+        EXPECT_TRUE(stage.closed());
+        EXPECT_EQ(stage.control().GetCount(), 0);
+        EXPECT_EQ(stage.control().GetCurSel(), -1);
+    }
+}
+
+// A double click in the list activates; the item's own listeners hear it once.
+TEST(Combo, ItsItemsTellTheWindowOfTheCombo) {
     ComboStage stage(combo(3));
     stage.open();
-    stage.onNotify = [&](TUINotify& notification) {
-        if (notification.type == L"itemselect")
-            stage.control().RemoveAll();
-    };
-    stage.clickPopup(10, 30);
-    EXPECT_TRUE(stage.closed());
-    EXPECT_EQ(stage.control().GetCount(), 0);
-    EXPECT_EQ(stage.control().GetCurSel(), -1);
+    struct Counter {
+        bool count(TUINotify&) { return ++calls > 0; }
+        int calls = 0;
+    } own;
+    stage.get(L"i1").OnNotify.Add(&own, &Counter::count);
+    SendMessageW(stage.popup(), WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(10, 30));
+    EXPECT_EQ(stage.take(), "i1!itemactivate");
+    EXPECT_EQ(own.calls, 1);
+}
+
+// The text on the page and in the list is set in the window's font, open or not.
+TEST(Combo, KeepsTheFontOfItsWindowWhileOpen) {
+    ComboStage stage(combo(3));
+    stage.manager.AddFont(0, L"Liberation Sans", 17, true, false, false, false);
+    stage.open();
+    CPaintManagerUI& popup = *stage.get(L"i1").GetManager();
+    ASSERT_NE(&popup, &stage.manager);
+    EXPECT_TRUE(popup.GetFontInfo(0).spec == stage.manager.GetFontInfo(0).spec);
 }
 
 TEST(Combo, KeepsTheSelectionOnItsItem) {
@@ -215,18 +241,27 @@ TEST(Combo, KeepsTheSelectionOnItsItem) {
 
 TEST(Combo, LeaksNothing) {
     ComboStage stage(combo(5));
-    const auto round = [&](int count) {
-        for (int i = 0; i < count; ++i) {
-            stage.control().Activate();
-            stage.control().SelectItem(i % 5);
-            stage.pumpUntil([&] { return !stage.control().IsOpen(); });
+    // Turn by turn: an item is selected, the popup dismissed, the focus taken away.
+    const auto open = [&](int times) {
+        for (int i = 0; i < times && !HasFailure(); ++i) {
+            ASSERT_TRUE(stage.control().Activate());
+            if (i % 3 == 0)
+                stage.control().SelectItem((stage.control().GetCurSel() + 1) % 5);
+            else if (i % 3 == 1)
+                stage.control().SetVisible(false);
+            else
+                SendMessageW(stage.popup(), WM_KILLFOCUS, 0, 0);
+            stage.pump();
+            ASSERT_FALSE(stage.control().IsOpen());
+            stage.control().SetVisible(true);
         }
     };
-    round(20);
+    open(50);
     kit::ProcessCounts before, after;
     ASSERT_TRUE(kit::readProcessCounts(GetCurrentProcessId(), before));
-    round(300);
+    open(10000);
     ASSERT_TRUE(kit::readProcessCounts(GetCurrentProcessId(), after));
+    EXPECT_TRUE(stage.itemsAreBack());
     EXPECT_LE(after.gdi, before.gdi + 2);
     EXPECT_LE(after.windows, before.windows + 2);
     EXPECT_LE(after.handles, before.handles + 2);

@@ -103,13 +103,38 @@ TEST(Edit, FollowsItsControl) {
               stage.manager.GetFont(3));
 }
 
+TEST(Edit, FollowsAParentThatScrolls) {
+    Stage stage(L"<VBox name=\"page\" height=\"60\" vscrollbar=\"true\"><Label height=\"20\"/>" + edit(L"") +
+                L"<Label height=\"200\"/></VBox>");
+    CEditUI& e = stage.get<CEditUI>(L"e");
+    auto& page = stage.get<CContainerUI>(L"page");
+    e.SetFocus();
+    const auto top = [&] {
+        RECT place = {};
+        GetWindowRect(e.GetNativeWindow(), &place);
+        MapWindowPoints(HWND_DESKTOP, stage, reinterpret_cast<POINT*>(&place), 2);
+        return place.top;
+    };
+    const LONG before = top();
+    page.SetScrollPos({0, 15});
+    EXPECT_EQ(top(), before - 15);
+    EXPECT_TRUE(IsWindowVisible(e.GetNativeWindow()));
+    page.SetScrollPos({0, 100});
+    EXPECT_FALSE(IsWindowVisible(e.GetNativeWindow()));
+    page.SetScrollPos({0, 0});
+    EXPECT_TRUE(IsWindowVisible(e.GetNativeWindow()));
+    EXPECT_EQ(top(), before);
+}
+
 TEST(Edit, ReadOnlyTextCanBeCopiedAndNotChanged) {
     Stage stage(edit(L"text=\"abc\" readonly=\"true\" autoselall=\"true\""));
     CEditUI& e = stage.get<CEditUI>(L"e");
     e.SetFocus();
     type(stage, L"x");
     EXPECT_EQ(e.GetText(), L"abc");
-    SendMessageW(e.GetNativeWindow(), WM_COPY, 0, 0);
+    constexpr wchar_t CtrlC = 3;
+    PostMessageW(GetFocus(), WM_CHAR, CtrlC, 1);
+    stage.pump();
     ASSERT_TRUE(OpenClipboard(stage));
     const HANDLE data = GetClipboardData(CF_UNICODETEXT);
     const std::wstring copied = data ? static_cast<const wchar_t*>(GlobalLock(data)) : L"";

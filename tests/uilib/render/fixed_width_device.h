@@ -18,9 +18,9 @@ public:
         return size == 0 ? Metrics{16, 4} : Metrics{size, 0};
     }
     int width(int, std::wstring_view text) override { return Character * static_cast<int>(text.size()); }
-    size_t fit(int, std::wstring_view text, int width) override {
+    Fit fit(int font, std::wstring_view text, int room) override {
         measured += text.size();
-        return std::min(text.size(), static_cast<size_t>(std::max(width, 0) / Character));
+        return {std::min(text.size(), static_cast<size_t>(std::max(room, 0) / Character)), width(font, text)};
     }
     int twin(int font, UILib::FontTrait trait) override {
         return font | (trait == UILib::FontTrait::Bold     ? Bold

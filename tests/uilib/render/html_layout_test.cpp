@@ -219,3 +219,19 @@ TEST_F(HtmlLayouting, shouldTakeTimeInProportionToTheText) {
     lay(line);
     EXPECT_LT(device.measured, 1000u); // no more than the line that is seen
 }
+
+// Alignment moves what was set at the top left, and sets it again only where the lines differ.
+TEST_F(HtmlLayouting, shouldMeasureAlignedTextOnce) {
+    style.singleLine = style.middle = style.right = true;
+    device.measured = 0;
+    EXPECT_EQ(runs(L"ab<b>cd</b>"), L"60,494:ab 80,494:cd");
+    EXPECT_EQ(device.measured, 4u);
+    EXPECT_EQ(runs(L"<x -20>ab"), L"80,494:ab"); // a place of its own
+    style = {};
+    style.center = style.bottom = style.wordBreak = true;
+    device.measured = 0;
+    EXPECT_EQ(runs(L"abcdefgh ij"), L"10,964:abcdefgh 40,984:ij");
+    EXPECT_LE(device.measured, 13u);
+    box.bottom = 30; // too low for both lines
+    EXPECT_EQ(runs(L"abcdefgh ij"), L"10,-6:abcdefgh 40,14:ij");
+}

@@ -21,3 +21,15 @@ function(vyn_test name)
   endif()
   set_tests_properties(${name} PROPERTIES TIMEOUT ${arg_TIMEOUT})
 endfunction()
+
+# vyn_ship(NAME): keeps the debug information of a shipped program or library in NAME.debug
+# beside it. A loader that cannot map the file as it lies reads all of it, and with the
+# debug information that is most of the start and of the memory.
+function(vyn_ship name)
+  set(file $<TARGET_FILE:${name}>)
+  set(debug $<TARGET_FILE_DIR:${name}>/${name}.debug)
+  add_custom_command(TARGET ${name} POST_BUILD
+    COMMAND ${CMAKE_OBJCOPY} --only-keep-debug ${file} ${debug}
+    COMMAND ${CMAKE_OBJCOPY} --strip-all --add-gnu-debuglink=${debug} ${file}
+    VERBATIM)
+endfunction()

@@ -2,6 +2,7 @@
 
 #include "shell/settings_text.h"
 #include "utility/files.h"
+#include "utility/handles.h"
 #include "utility/log.h"
 #include "utility/windows.h"
 
@@ -17,6 +18,14 @@ std::wstring configPath() {
 // its own, and the last replacement wins whole.
 std::wstring temporaryPath() {
     return configPath() + L"." + std::to_wstring(GetCurrentThreadId()) + L".tmp";
+}
+
+// Those of a program that was killed while it saved.
+void removeLeftovers() {
+    WIN32_FIND_DATAW found;
+    const FindHandle search(FindFirstFileW((configPath() + L".*.tmp").c_str(), &found));
+    for (bool more = static_cast<bool>(search); more; more = FindNextFileW(search.get(), &found))
+        ufile::removeFile(ufile::getModuleDir() + found.cFileName);
 }
 
 bool writeWhole(const std::wstring& path, const std::string& text) {
@@ -36,6 +45,7 @@ QzVySetupImpl& QzVySetupImpl::instance() {
 }
 
 void QzVySetupImpl::loadConfig() {
+    removeLeftovers();
     ufile::MappedFile file;
     if (!file.open(configPath())) {
         common::log("QzVySetupImpl::loadConfig", __LINE__, L"open config file error %d", GetLastError());

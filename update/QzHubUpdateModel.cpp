@@ -94,8 +94,8 @@ void QzHubUpdateModel::postCheckResult(const Update& update) {
     poster.post(makeTask([this, update] {
         if (!update.version.empty())
             found = update;
-        if (onCheckResult)
-            onCheckResult(update.version, update.content, update.force);
+        if (const auto report = onCheckResult) // a copy: what it does may empty the field
+            report(update.version, update.content, update.force);
     }));
 }
 
@@ -103,7 +103,17 @@ void QzHubUpdateModel::startDownload() {
     downloadClient.stop();
     wanted = found;
     using Download = common::MemberFuncRunable<QzHubUpdateModel>;
-    startWorker(downloadClient, new Download(this, &QzHubUpdateModel::_threadDownloadPlayer));
+    if (!startWorker(downloadClient, new Download(this, &QzHubUpdateModel::_threadDownloadPlayer)))
+        postFailure();
+}
+
+void QzHubUpdateModel::cancel() {
+    onDownloadPercent = nullptr;
+    onDownloadFailed = nullptr;
+    downloadClient.stop(); // first: it may come to its end while the other takes its time
+    checkClient.stop();
+    if (checking.exchange(false)) // its worker was ended before it could tell
+        postCheckResult({});
 }
 
 void QzHubUpdateModel::_threadDownloadPlayer() {
@@ -123,6 +133,7 @@ void QzHubUpdateModel::_threadDownloadPlayer() {
         if (!downloadClient.pause(RoundPauseMs))
             return;
     }
+    postFailure();
 }
 
 // A failed copy is in the log; the hand-over then finds no program to start, and the
@@ -148,7 +159,14 @@ bool QzHubUpdateModel::onHttpDownload(const void*, uint32_t, uint32_t received, 
 
 void QzHubUpdateModel::postPercent(int percent) {
     poster.post(makeTask([this, percent] {
-        if (onDownloadPercent)
-            onDownloadPercent(percent);
+        if (const auto report = onDownloadPercent)
+            report(percent);
+    }));
+}
+
+void QzHubUpdateModel::postFailure() {
+    poster.post(makeTask([this] {
+        if (const auto report = onDownloadFailed)
+            report();
     }));
 }

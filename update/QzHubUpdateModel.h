@@ -31,6 +31,10 @@ public:
     // downloadClient's worker.
     void startDownload();
 
+    // Ends a check and a download that are in flight, and forgets who showed the download.
+    // May take the time that two clients need to stop.
+    void cancel();
+
     void _threadProcCheckVersion(bool silent);
     void _threadDownloadPlayer();
 
@@ -44,6 +48,9 @@ public:
     // 100 only when the new program is in place. Set by whoever shows the download; may
     // be empty.
     std::function<void(int percent)> onDownloadPercent;
+
+    // Every try of the download has failed. Set and emptied with onDownloadPercent.
+    std::function<void()> onDownloadFailed;
 
     utility::CHttpDownloader checkClient;
     utility::CHttpDownloader downloadClient;
@@ -62,6 +69,7 @@ private:
     bool fetchDocument(std::string& body);
     void postCheckResult(const Update& found);
     void postPercent(int percent);
+    void postFailure();
     void finishDownload(const std::wstring& partial, const std::wstring& program);
 
     common::TaskPoster poster;

@@ -23,11 +23,13 @@ void removeIfThere(const std::wstring& path) {
 } // namespace
 
 void QzVyMainFrame::startDownloadApk() {
+    gameFlow = true;
     startFlow("QzVyMainFrame::startDownloadApk",
               new common::MemberFuncRunable(this, &QzVyMainFrame::_threadDownloadApk));
 }
 
-// The flow stays running when its worker ends: the client's message ends it.
+// The flow stays running when its worker ends: the client's message ends it. Without a
+// package that message will not come, and the flow has failed.
 void QzVyMainFrame::_threadDownloadApk() {
     static uint32_t lastDownloaded = 0;
     const WorkerMark mark(workerAlive);
@@ -43,4 +45,6 @@ void QzVyMainFrame::_threadDownloadApk() {
     needGameUpdate = false;
     writeAppVersion(version);
     startClient(installDir + L"\\vynclient.exe", installCommand(package));
+    if (!ufile::isExist(package))
+        failFlow(judgeMissingDownload(package));
 }

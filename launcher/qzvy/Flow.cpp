@@ -42,12 +42,19 @@ void QzVyMainFrame::startFlow(const char* operation, common::Runable* body) {
     flowState = Running;
     paused = false;
     view.setPaused(paused);
+    if (failed)
+        clearDownloadPage();
     installDir = QzVyModel::instance().getPathDir();
     downloader = std::make_unique<CHttpDownloader>();
     bytesSinceTick = 0;
+    announcedSize = 0;
     workerAlive = true;
-    if (!downloadThread.start(body))
-        body->release();
+    if (downloadThread.start(body))
+        return;
+    body->release();
+    workerAlive = false;
+    flowState = Idle;
+    showFailure(FlowFailure::NoDownload);
 }
 
 void QzVyMainFrame::stopFlow() {
@@ -64,8 +71,18 @@ void QzVyMainFrame::onPauseBtnClicked() {
         paused = true;
         view.setPaused(paused);
     } else {
-        startDownloadPlayer();
+        tryAgain();
     }
+}
+
+// A paused flow goes on as the player's; a game package that could not be had is tried again
+// as what it was, for the player is there already.
+void QzVyMainFrame::tryAgain() {
+    showInstallingTab();
+    if (failed && gameFlow)
+        startDownloadApk();
+    else
+        startDownloadPlayer();
 }
 
 bool QzVyMainFrame::download(const char* function, const std::wstring& address, const std::wstring& target,
@@ -107,6 +124,7 @@ void QzVyMainFrame::downloadWithCurl(const char* function, const std::wstring& a
 
 bool QzVyMainFrame::onHttpDownload(const void*, uint32_t length, uint32_t received, uint32_t total) {
     bytesSinceTick += length;
+    announcedSize = total;
     const uint32_t now = GetTickCount();
     if (now - lastTick >= ReportInterval) {
         common::postToWindowThread([this, received, total, speed = bytesSinceTick] {
@@ -116,6 +134,40 @@ bool QzVyMainFrame::onHttpDownload(const void*, uint32_t length, uint32_t receiv
         lastTick = now;
     }
     return !stopFlag;
+}
+
+FlowFailure QzVyMainFrame::judgeMissingDownload(const std::wstring& target) const {
+    const uint64_t arrived = ufile::sizeOfPartial(target + L".tmp");
+    const uint64_t missing = announcedSize > arrived ? announcedSize - arrived : 0;
+    return judgeDownload(ufile::freeSpace(ufile::getParentDir(target)), missing);
+}
+
+void QzVyMainFrame::failFlow(FlowFailure failure) {
+    flowState = Idle;
+    common::postToWindowThread([this, failure] {
+        if (flowState == Idle && !stopFlag) // the user was not faster
+            showFailure(failure);
+    });
+}
+
+// On the download page also when it was the installation that failed: there is the button
+// that tries again.
+void QzVyMainFrame::showFailure(FlowFailure failure) {
+    const char* key = failureText(failure);
+    common::log("QzVyMainFrame::showFailure", __LINE__, L"tell the user: %S", key);
+    failed = true;
+    view.showPages(true);
+    view.selectPage(Page::Download);
+    view.setDownloadTexts(languageText(key), L"", L"");
+    view.setPaused(true);
+}
+
+void QzVyMainFrame::clearDownloadPage() {
+    failed = false;
+    percent = 0;
+    view.setDownloadTexts(languageText("launcher_downloading"), languageText("launcher_lefttime"),
+                          languageText("launcher_speed"));
+    view.setDownloadProgress(0, 1);
 }
 
 // The speed is what came since the report before, also across a pause.

@@ -62,6 +62,7 @@ void QzVyMainFrame::onStartBtnClicked() {
     if (action == StartAction::RunClient)
         return runClient();
     showInstallingTab();
+    clearDownloadPage();
     if (action == StartAction::DownloadPlayer)
         startDownloadPlayer();
     else if (action == StartAction::UpdatePlayer)

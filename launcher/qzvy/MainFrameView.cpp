@@ -27,6 +27,13 @@ Control* as(CControlUI* control, const wchar_t* kind) {
     return control ? static_cast<Control*>(control->GetInterface(kind)) : nullptr;
 }
 
+// The bar has its design width where there is room, and is shorter in a narrow window; it
+// has no width at all while its page has not been laid out.
+int onBarOf(int width, int iconOffset) {
+    constexpr int designWidth = 978;
+    return width > 0 && width < designWidth ? MulDiv(iconOffset, width, designWidth) : iconOffset;
+}
+
 void setPictures(CControlUI& button, const std::wstring& name) {
     for (const wchar_t* state : {L"normal", L"hot", L"pushed"})
         button.SetAttribute((std::wstring(state) + L"image").c_str(),
@@ -38,6 +45,7 @@ void setPictures(CControlUI& button, const std::wstring& name) {
 const WindowImplBase::MessageMap MainFrameView::messageMap = [] {
     static constexpr Entry entries[] = {
         entry(L"click", L"startBtn", &MainFrameView::onStart),
+        entry(L"click", L"setupBtn", &MainFrameView::onSetup),
         entry(L"click", L"pauseBtn", &MainFrameView::onPause),
         entry(L"click", L"closebtn", &MainFrameView::onClose),
         entry(L"click", L"chanagePathBtn", &MainFrameView::onBrowse),
@@ -82,6 +90,9 @@ void MainFrameView::applySmallLayout() {
         right->SetFixedWidth(340);
     if (CControlUI* bottom = control(L"startBottomControl"))
         bottom->SetFixedHeight(30);
+    // Where the speed stood; in its own place the time would meet the amount in a column so narrow.
+    if (CControlUI* time = control(L"leftTimeLabel"))
+        time->SetAttribute(L"pos", L"-140,110,160,134");
 }
 
 void MainFrameView::enableStart(bool enabled) {
@@ -130,8 +141,9 @@ void MainFrameView::setText(const wchar_t* name, const std::wstring& text) {
 }
 
 void MainFrameView::setProgress(const wchar_t* bar, int percent, const wchar_t* space, int iconOffset) {
-    if (auto* progress = as<CProgressUI>(control(bar), L"Progress"))
+    auto* progress = as<CProgressUI>(control(bar), L"Progress");
+    if (progress)
         progress->SetValue(percent);
     if (CControlUI* left = control(space))
-        left->SetFixedWidth(iconOffset);
+        left->SetFixedWidth(progress ? onBarOf(progress->GetWidth(), iconOffset) : iconOffset);
 }

@@ -17,6 +17,7 @@ public:
     virtual void onStartBtnClicked() = 0;
     virtual void onPauseBtnClicked() = 0;
     virtual void onCloseBtnClicked() = 0;
+    virtual void onSetupBtnClicked() = 0;
     virtual void onBrowseInstallPath() = 0;
     virtual void onLink(const char* key) = 0; // key of the address in the language table
     virtual void OnDestroy() = 0;             // the window is about to go
@@ -64,12 +65,14 @@ private:
     UILib::CUIString GetSkinFile() override { return L"xml_mainframe.xml"; }
     const MessageMap* GetMessageMap() const override { return &messageMap; }
     void InitWindow() override { events->InitWindow(); }
+    LRESULT ResponseDefaultKeyEvent(WPARAM) override { return 0; } // no key ends the launcher
     LRESULT OnDestroy(UINT message, WPARAM wParam, LPARAM lParam, bool& handled) override;
     void OnFinalMessage(HWND handle) override;
 
     void onStart(UILib::TUINotify&) { events->onStartBtnClicked(); }
     void onPause(UILib::TUINotify&) { events->onPauseBtnClicked(); }
     void onClose(UILib::TUINotify&) { events->onCloseBtnClicked(); }
+    void onSetup(UILib::TUINotify&) { events->onSetupBtnClicked(); }
     void onBrowse(UILib::TUINotify&) { events->onBrowseInstallPath(); }
     void onLink(UILib::TUINotify& notification);
 

@@ -22,11 +22,13 @@ constexpr char Function[] = "QzVyMainFrame::_threadDownloadPlayer";
 } // namespace
 
 void QzVyMainFrame::startDownloadPlayer() {
+    gameFlow = false;
     startFlow("QzVyMainFrame::startDownloadPlayer",
               new common::MemberFuncRunable1(this, &QzVyMainFrame::_threadDownloadPlayer, false));
 }
 
 void QzVyMainFrame::startDownloadPlayerNoData() {
+    gameFlow = false;
     startFlow("QzVyMainFrame::startDownloadPlayerNoData",
               new common::MemberFuncRunable1(this, &QzVyMainFrame::_threadDownloadPlayer, true));
 }
@@ -56,24 +58,24 @@ void QzVyMainFrame::_threadDownloadPlayer(bool noData) {
     else if (!findPlayerPackage(source))
         return;
     common::log(Function, __LINE__, L"download url %s %s", source.version.c_str(), source.address.c_str());
-    if (source.address.empty()) {
-        flowState = Idle;
-        return;
-    }
+    if (source.address.empty())
+        return failFlow(FlowFailure::NoSource);
     const std::wstring package = ufile::getModuleDir() + playerPackageName(source.version);
     if (!fetchPlayerPackage(source.address, package))
         return;
     needPlayerUpdate = false;
     if (!ufile::isExist(package)) {
         common::log(Function, __LINE__, L"no installer file %s", package.c_str());
-        flowState = Idle;
-        return;
+        return failFlow(judgeMissingDownload(package));
     }
     common::postToWindowThread([this] { enterInstallPhase(); });
-    if (!installPlayer(package))
+    FlowFailure failure = FlowFailure::None;
+    if (!installPlayer(package, failure))
         return;
     flowState = Idle;
     common::postToWindowThread([this] { finishInstall(); });
+    if (failure != FlowFailure::None)
+        failFlow(failure);
 }
 
 bool QzVyMainFrame::fetchPlayerPackage(const std::wstring& address, const std::wstring& package) {
@@ -88,13 +90,15 @@ bool QzVyMainFrame::fetchPlayerPackage(const std::wstring& address, const std::w
 
 // A stop is looked for between the steps, so that the worker ends by itself: one that is
 // ended by force in the middle of a system call may take a lock of the process with it.
-bool QzVyMainFrame::installPlayer(const std::wstring& package) {
+bool QzVyMainFrame::installPlayer(const std::wstring& package, FlowFailure& failure) {
     for (const wchar_t* victim : {L"/F /IM vynclient.exe", L"/F /IM vynmulti.exe"}) {
         if (stopFlag)
             return false;
         process::execute(L"taskkill", victim, false, 3000);
     }
     const int result = archive::extractArchive(package, installDir, this);
+    failure = judgeInstallation(result, ufile::isExist(installDir + L"\\vynclient.exe"),
+                                ufile::freeSpace(installDir));
     if (isBrokenPackage(result)) {
         // It would be taken for a good one at every try, and never install.
         common::log(Function, __LINE__, L"remove broken package %s", package.c_str());

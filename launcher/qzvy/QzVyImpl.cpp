@@ -113,12 +113,16 @@ void QzVyImpl::runFirstInstance() {
     QzVySetupImpl::instance().loadConfig();
     common::log(Entrance, __LINE__, L"create main");
     createMainFrame();
-    if (mainFrame)
+    if (mainFrame) {
+        createTrayIcon();
         runMessageLoop();
+    }
     RemoveFontResourceW(font.c_str());
     // A program that is started from here on finds the name free.
     instanceMutex.reset();
     curl_global_cleanup();
+    if (trayIcon)
+        trayIcon->removeTrayIcon();
 }
 
 void QzVyImpl::createMainFrame() {
@@ -133,10 +137,12 @@ void QzVyImpl::createMainFrame() {
         return;
     }
     QzVyModel::instance().mainWindow = window;
+    // The window takes its size before it is seen: nothing jumps, and a window manager that
+    // answers to the first size late does not undo the second.
     mainFrame->window().center();
+    fitMainFrame();
     mainFrame->window().show(true);
     usystem::bringToFront(window);
-    fitMainFrame();
 }
 
 void QzVyImpl::fitMainFrame() {

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "shell/view/TrayiconControl.h"
 #include "utility/handles.h"
 #include "utility/window_ipc.h"
 
+#include <memory>
 #include <string>
 
 class QzVyMainFrame;
@@ -21,6 +23,9 @@ private:
     void runFirstInstance();
     void createMainFrame();
     void fitMainFrame();
+    void createTrayIcon();
+    void showTrayMenu();
+    bool onTrayMenu(const std::wstring& name);
     bool isPlayerExist();
     void runMessageLoop();
     void handOver();
@@ -28,7 +33,8 @@ private:
     void onHandleWindowIPC(UINT message, WPARAM wParam, LPARAM lParam) override;
     void raiseMainFrame();
 
-    QzVyMainFrame* mainFrame = nullptr; // owns itself; null once its window is gone
-    utility::WindowIPC windowIpc;       // listens in the first instance only
+    QzVyMainFrame* mainFrame = nullptr;              // owns itself; null once its window is gone
+    std::unique_ptr<view::TrayiconControl> trayIcon; // null in a second instance
+    utility::WindowIPC windowIpc;                    // listens in the first instance only
     utility::KernelHandle instanceMutex;
 };

@@ -1,8 +1,8 @@
 #include "launcher/qzvy/QzVyMainFrame.h"
 
-#include "launcher/qzvy/BrowseFolder.h"
-#include "launcher/qzvy/InstallPath.h"
 #include "launcher/qzvy/QzVyModel.h"
+#include "shell/BrowseFolder.h"
+#include "shell/InstallPath.h"
 #include "shell/QzVySetupImpl.h"
 #include "uilib/core/paint_manager.h"
 #include "update/QzHubUpdateModel.h"
@@ -22,14 +22,14 @@ void QzVyMainFrame::InitWindow() {
     view.setInstallPath(model.getPathDir());
     model.onVersionReady = [this] { _checkGameAndAppVersion(); };
     model.onBackgroundReady = [this] { refreshBackground(); };
+    panels.create(view.GetHWND(), model.market.shortCode);
 
     QzHubUpdateModel& update = QzHubUpdateModel::instance();
-    update.onCheckResult = [this](const std::wstring& version, const std::wstring& content, bool force) {
-        onUpdateResult(version, content, force);
+    update.onCheckResult = [this](const std::wstring& version, const std::wstring&, bool force) {
+        onUpdateResult(version, force);
     };
     update.checkVersion(true);
     _checkGameAndAppVersion();
-    panels.create(view.GetHWND(), model.market.shortCode);
 }
 
 void QzVyMainFrame::applySmallLayout() {
@@ -44,7 +44,6 @@ void QzVyMainFrame::showSocialButtons() {
     view.setVisible(L"discordBtn", hasAddress("url_discord"));
     view.setVisible(L"behemothBtn", hasAddress("url_Behemoth"));
     view.setVisible(L"NBtn", hasAddress("url_N"));
-    view.setVisible(L"setupBtn", false); // there is no settings window yet
 }
 
 void QzVyMainFrame::onLink(const char* key) {
@@ -58,13 +57,20 @@ void QzVyMainFrame::onCloseBtnClicked() {
         view.close(1);
 }
 
+void QzVyMainFrame::onSetupBtnClicked() {
+    childWindows.showSettings(view.GetHWND(), [this] {
+        view.setInstallPath(QzVyModel::instance().getPathDir());
+        resetAfterPathChange();
+    });
+}
+
 void QzVyMainFrame::onBrowseInstallPath() {
-    if (const auto choice = browseForFolder(view.GetHWND(), QzVyModel::instance().getPathDir()))
-        applyInstallPath(*choice);
+    browseForFolder(view.GetHWND(), QzVyModel::instance().getPathDir(),
+                    [this](const std::wstring& choice) { applyInstallPath(choice); });
 }
 
 void QzVyMainFrame::applyInstallPath(const std::wstring& choice) {
-    const auto path = installPathOf(choice);
+    const auto path = installPathOf(choice, MainWindowFolder);
     if (!path)
         return;
     view.setInstallPath(*path);
@@ -82,18 +88,9 @@ void QzVyMainFrame::refreshBackground() {
         ufile::copyFile(image, folder + L"\\data\\launch_1920.jpg", false);
 }
 
-void QzVyMainFrame::onUpdateResult(const std::wstring& version, const std::wstring&, bool force) {
-    if (version.empty())
-        return;
+void QzVyMainFrame::onUpdateResult(const std::wstring& version, bool force) {
     common::log("QzVyMainFrame::onUpdateResult", __LINE__, L"version %s, force %d", version.c_str(), force);
-    if (!force)
-        return;
-    QzHubUpdateModel& update = QzHubUpdateModel::instance();
-    update.onDownloadPercent = [](int percent) {
-        if (percent == 100)
-            DestroyWindow(QzVyModel::instance().mainWindow);
-    };
-    update.startDownload();
+    childWindows.showUpdateResult(view.GetHWND(), version, force); // may be the end of this object
 }
 
 void QzVyMainFrame::OnDestroy() {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "archive/extract.h"
+#include "launcher/qzvy/ChildWindows.h"
+#include "launcher/qzvy/FlowFailure.h"
 #include "launcher/qzvy/MainFrameView.h"
 #include "launcher/qzvy/WebPanels.h"
 #include "utility/http_downloader.h"
@@ -56,6 +58,7 @@ private:
     void onStartBtnClicked() override;
     void onPauseBtnClicked() override;
     void onCloseBtnClicked() override;
+    void onSetupBtnClicked() override;
     void onBrowseInstallPath() override;
     void onLink(const char* key) override;
     void OnDestroy() override;
@@ -64,7 +67,7 @@ private:
     void showSocialButtons();
     void applyInstallPath(const std::wstring& path);
     void refreshBackground();
-    void onUpdateResult(const std::wstring& version, const std::wstring& content, bool force);
+    void onUpdateResult(const std::wstring& version, bool force);
 
     // Game state and start. The versions are those of the install folder; the writer runs
     // on the worker.
@@ -79,6 +82,7 @@ private:
     void startDownloadPlayerNoData(); // the package of the remote configuration
     void startDownloadApk();
     void startFlow(const char* operation, common::Runable* body);
+    void tryAgain(); // the flow that failed or was paused
     void stopFlow(); // asks, waits a second, then ends the worker by force
     void _threadDownloadPlayer(bool noData);
     void _threadDownloadApk();
@@ -97,17 +101,25 @@ private:
     void reportCurlProgress(int percent, int downloaded, int total, uint32_t& lastDownloaded);
     bool onHttpDownload(const void* data, uint32_t length, uint32_t received, uint32_t total) override;
 
-    bool installPlayer(const std::wstring& package); // false when the flow was stopped
+    // Gives the reason when the installation is not complete. False when the flow was stopped.
+    bool installPlayer(const std::wstring& package, FlowFailure& failure);
     void repairPlayer();
+
+    // The end of a flow without success, on the worker.
+    FlowFailure judgeMissingDownload(const std::wstring& target) const;
+    void failFlow(FlowFailure failure);
     bool isContinue() override { return !stopFlag; }
     void onProgress(const wchar_t*, uint64_t, uint64_t, uint64_t, uint64_t) override {}
     void onResult(int result, const wchar_t* fileName) override;
 
+    void showFailure(FlowFailure failure);
+    void clearDownloadPage();
     void updateDownloadProgress(int percent, uint64_t done, uint64_t total, uint64_t speed);
     void enterInstallPhase();
     void tickInstallBar();
 
     MainFrameView view;
+    ChildWindows childWindows;
     WebPanels panels;
     common::WorkerThread downloadThread;
     uint32_t lastTick = 0; // of the last report of the WinINet path, in milliseconds
@@ -115,6 +127,8 @@ private:
     int32_t bytesSinceTick = 0;
     std::atomic<bool> stopFlag = false;
     bool paused = false;
+    bool failed = false;   // the user is being told why the last flow failed
+    bool gameFlow = false; // the last flow was to bring the game package
     int32_t installPercent = 0;
     common::TaskTimer installTimer;
     std::atomic<int32_t> flowState = Idle;
@@ -124,6 +138,10 @@ private:
     // Of the running flow, set before its worker starts.
     std::unique_ptr<utility::CHttpDownloader> downloader;
     std::wstring installDir; // the install folder may change under a running flow
+
+    // Bytes of the whole file, as the last transfer told them; 0 while unknown. Touched by
+    // the worker of the running flow alone.
+    uint32_t announcedSize = 0;
 
     // True while a worker may touch this object.
     std::atomic<bool> workerAlive = false;

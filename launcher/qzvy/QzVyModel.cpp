@@ -5,6 +5,7 @@
 #include "utility/handles.h"
 #include "utility/log.h"
 #include "utility/registry.h"
+#include "utility/system.h"
 
 using namespace utility;
 
@@ -13,7 +14,6 @@ namespace {
 constexpr wchar_t LauncherKey[] = L"Software\\wexlane\\VYN";
 constexpr wchar_t RunKey[] = L"Software\\Microsoft\\Windows\\CurrentVersion\\Run";
 constexpr wchar_t RunValue[] = L"VYN";
-constexpr DWORD AddToFilter = 1; // MSGFLT_ADD
 
 // The 64-bit view, where the launcher's key lies on every system.
 constexpr REGSAM ReadAccess = KEY_READ | KEY_WOW64_64KEY;
@@ -91,13 +91,9 @@ void QzVyModel::setAutoRun(bool on) {
 }
 
 void QzVyModel::addMessage() {
-    using Filter = BOOL(WINAPI*)(UINT message, DWORD flag);
-    const auto filter = reinterpret_cast<Filter>(
-        GetProcAddress(GetModuleHandleW(L"User32.dll"), "ChangeWindowMessageFilter"));
-    if (!filter) {
-        common::log("QzVyModel::addMessage", __LINE__, L"ChangeWindowMessageFilter error");
-        return;
-    }
     for (const UINT message : {WM_COPYDATA, WM_USER, 9111, 9222, 9333, 9334})
-        filter(message, AddToFilter);
+        if (!usystem::admitMessage(message)) {
+            common::log("QzVyModel::addMessage", __LINE__, L"ChangeWindowMessageFilter error");
+            return;
+        }
 }

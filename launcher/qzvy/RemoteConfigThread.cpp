@@ -8,8 +8,11 @@
 #include "utility/encoding.h"
 #include "utility/endpoints.h"
 #include "utility/files.h"
+#include "utility/handles.h"
 #include "utility/log.h"
 #include "utility/task_dispatcher.h"
+
+#include <memory>
 
 using namespace utility;
 
@@ -52,6 +55,15 @@ bool fetchBackgrounds(const RemoteConfig& config) {
     return launch || player;
 }
 
+// From here on the settings are read, and this is the first instance: a second one ends
+// without running a task, and must not write over the files of the first. False when the
+// program is ending already.
+bool waitForMessageLoop() {
+    const auto running = std::make_shared<KernelHandle>(CreateEventW(nullptr, TRUE, FALSE, nullptr));
+    return common::postToWindowThread([running] { SetEvent(running->get()); }) &&
+           WaitForSingleObject(running->get(), INFINITE) == WAIT_OBJECT_0;
+}
+
 void runIfSet(const std::function<void()>& action) {
     if (action)
         action();
@@ -72,6 +84,8 @@ void QzVyModel::_threadConfig() {
     remoteReady = true;
     common::postToWindowThread([this] { runIfSet(onVersionReady); });
 
+    if (!waitForMessageLoop())
+        return;
     QzVySetupImpl& settings = QzVySetupImpl::instance();
     const int local = settings.configversion;
     const int remote = config->version.value_or(VersionIfAbsent);

@@ -28,6 +28,8 @@ bool QzVyImpl::isPlayerExist() {
         windowIpc.create(InstanceName, this);
         return false;
     }
+    // The user started this process, so the right to take the foreground lies here.
+    AllowSetForegroundWindow(ASFW_ANY);
     WindowIPC first;
     if (first.open(InstanceName))
         first.postMessage(RaiseWindow, 0, 0);
@@ -60,5 +62,5 @@ void QzVyImpl::onHandleWindowIPC(UINT message, WPARAM, LPARAM) {
 
 void QzVyImpl::raiseMainFrame() {
     if (mainFrame)
-        usystem::bringToFront(mainFrame->window().GetHWND());
+        usystem::bringToFrontWithDialog(mainFrame->window().GetHWND());
 }

@@ -2,7 +2,7 @@
 #include "shell/QzVySetupImpl.h"
 #include "tests/launcher/support.h"
 
-#include <thread>
+#include <future>
 
 using publisher::FaultKind;
 
@@ -23,10 +23,16 @@ protected:
         Stage::TearDown();
     }
 
+    std::future<void> start() {
+        return std::async(std::launch::async, [this] { model._threadConfig(); });
+    }
+    static bool ended(const std::future<void>& thread, int milliseconds) {
+        return thread.wait_for(std::chrono::milliseconds(milliseconds)) == std::future_status::ready;
+    }
+
     // The thread from its start to its end, with its tasks delivered.
     void run() {
-        std::thread thread([this] { model._threadConfig(); });
-        thread.join();
+        runConfigThread(model);
         drained = false;
         common::postToWindowThread([this] { drained = true; });
         ASSERT_TRUE(pumpUntil([this] { return drained; }));
@@ -93,6 +99,22 @@ TEST_F(ConfigThread, StoresNewImagesAndTheirVersion) {
 
     run(); // the same version again
     EXPECT_EQ(requests("/1.jpg"), 1);
+}
+
+// It must not save what has not been read yet; a second instance never runs its loop.
+TEST_F(ConfigThread, WritesNothingBeforeTheMessageLoopRuns) {
+    write(L"data\\launch_bg.jpg", "old");
+    write(L"config.data", "autorun=0|existgame=1|minbyclose=1|configversion=1000");
+    publishImages(1001);
+    server.publish("/1.jpg", "one");
+    server.publish("/2.jpg", "two");
+    auto thread = start();
+    EXPECT_FALSE(ended(thread, 300));
+    EXPECT_EQ(requests("/1.jpg"), 0);
+    QzVySetupImpl::instance().loadConfig(); // as the entrance does before its loop
+    EXPECT_TRUE(pumpUntil([&] { return ended(thread, 0); }));
+    EXPECT_EQ(read(L"config.data"), "autorun=0|existgame=1|minbyclose=1|configversion=1001");
+    QzVySetupImpl::instance().autorun = true;
 }
 
 TEST_F(ConfigThread, AnImageThatFailsLeavesTheOldOne) {

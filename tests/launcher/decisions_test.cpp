@@ -1,8 +1,8 @@
 // The launcher's decisions and texts: tables of values.
 
 #include "launcher/qzvy/ClientStart.h"
+#include "launcher/qzvy/FlowFailure.h"
 #include "launcher/qzvy/GameState.h"
-#include "launcher/qzvy/InstallPath.h"
 #include "launcher/qzvy/MarketRecord.h"
 #include "launcher/qzvy/PackageCheck.h"
 #include "launcher/qzvy/PlayerPackage.h"
@@ -10,6 +10,7 @@
 #include "launcher/qzvy/WebBrowserHelper.h"
 #include "launcher/qzvy/WindowSize.h"
 #include "launcher/qzvy/system_language.h"
+#include "shell/InstallPath.h"
 
 #include <gtest/gtest.h>
 
@@ -105,9 +106,9 @@ TEST(InstallPath, GetsAFolderOfItsOwn) {
         {L"E:\\한국 게임", L"E:\\한국 게임\\Game\\"},
     };
     for (const auto& [choice, path] : cases)
-        EXPECT_EQ(installPathOf(choice), path) << path;
-    EXPECT_FALSE(installPathOf(L""));
-    EXPECT_FALSE(installPathOf(L"D"));
+        EXPECT_EQ(installPathOf(choice, MainWindowFolder), path) << path;
+    EXPECT_FALSE(installPathOf(L"", MainWindowFolder));
+    EXPECT_FALSE(installPathOf(L"D", MainWindowFolder));
 }
 
 TEST(WindowSize, FitsTheWorkArea) {
@@ -189,6 +190,21 @@ TEST(Packages, OnlyDamageToThePackageItselfCondemnsIt) {
     for (const int result : {archive::Ok, archive::OutOfMemory, archive::ReadError, archive::WriteError,
                              archive::OpenFailed, archive::Cancelled})
         EXPECT_FALSE(isBrokenPackage(result)) << archive::resultName(result);
+}
+
+TEST(FlowFailure, TellsTheUserWhatHeCanChange) {
+    constexpr uint64_t Megabyte = 1 << 20;
+    EXPECT_EQ(judgeDownload(UINT64_MAX, 0), FlowFailure::NoDownload);
+    EXPECT_EQ(judgeDownload(100 * Megabyte, 100 * Megabyte), FlowFailure::NoDownload);
+    EXPECT_EQ(judgeDownload(100 * Megabyte - 1, 100 * Megabyte), FlowFailure::NoSpace);
+    EXPECT_EQ(judgeDownload(Megabyte - 1, 0), FlowFailure::NoSpace);
+
+    EXPECT_EQ(judgeInstallation(archive::Ok, true, 0), FlowFailure::None);
+    EXPECT_EQ(judgeInstallation(archive::Ok, false, 0), FlowFailure::NoClient);
+    // An old client that is there does not make up for a package that did not unpack.
+    EXPECT_EQ(judgeInstallation(archive::CrcError, true, 0), FlowFailure::BrokenPackage);
+    EXPECT_EQ(judgeInstallation(archive::WriteFailed, true, 1000 * Megabyte), FlowFailure::NotUnpacked);
+    EXPECT_EQ(judgeInstallation(archive::WriteFailed, true, Megabyte), FlowFailure::NoSpace);
 }
 
 TEST(ClientStart, LongCommandLinesTakeTheOtherRoad) {

@@ -48,6 +48,8 @@ protected:
     bool pumpUntilInstalled() {
         return pumpUntilLogged(L"driverconfig.exe], param") && pumpUntilLogged(L"no player");
     }
+    // What the user reads, by its key.
+    bool pumpUntilTold(const std::wstring& key) { return pumpUntilLogged(L"tell the user: " + key); }
     static bool pumpUntilThere(const wchar_t* package) {
         return pumpUntil([=] { return exists(package); });
     }

@@ -22,6 +22,7 @@ TEST_F(Flow, PackageIsDownloadedUnpackedAndKept) {
     EXPECT_FALSE(exists(Partial));
     EXPECT_EQ(logged(L"ie download file sucess"), 1);
     EXPECT_EQ(logged(L"result:0 file:"), 1);
+    EXPECT_TRUE(pumpUntilTold(L"flow_no_client")); // there is none in this package
 
     // The next time it is used as it is.
     clickStart();
@@ -62,6 +63,7 @@ TEST_F(Flow, FailedDownloadIsTriedAgainByThePauseButton) {
     clickStart();
     ASSERT_TRUE(pumpUntilLogged(L"no installer file"));
     EXPECT_EQ(requests(PackagePath), 4);
+    EXPECT_TRUE(pumpUntilTold(L"flow_no_download"));
     server.clearFaults();
     clickPause();
     ASSERT_TRUE(pumpUntilThere(Package));
@@ -76,11 +78,30 @@ TEST_F(Flow, BrokenPackageIsFetchedAnew) {
     clickStart();
     ASSERT_TRUE(pumpUntilInstalled());
     EXPECT_EQ(logged(L"remove broken package"), 1);
+    EXPECT_TRUE(pumpUntilTold(L"flow_broken_package"));
     EXPECT_FALSE(exists(Package));
     server.clearFaults();
     clickStart();
     ASSERT_TRUE(pumpUntilThere(Package));
     EXPECT_EQ(read(Package), read(L"skin.7z"));
+}
+
+TEST_F(Flow, UpdateWithoutAnAddressSaysSo) {
+    write(L"my 게임\\vynclient.exe", "no program");
+    write(L"my 게임\\data\\appversion1000", "5000");
+    model().playerMinVersion = 2200;
+    frame._checkGameAndAppVersion();
+    clickStart();
+    EXPECT_TRUE(pumpUntilTold(L"flow_no_source"));
+}
+
+// The folder cannot be written to: what lies at its place is a file.
+TEST_F(Flow, PackageThatCannotBeUnpackedSaysSo) {
+    server.publish(PackagePath, read(L"skin.7z"));
+    write(L"my 게임\\vyn", "in the way");
+    clickStart();
+    EXPECT_TRUE(pumpUntilTold(L"flow_not_unpacked"));
+    EXPECT_TRUE(exists(Package)); // it is not the package's fault
 }
 
 // The package on disk may be older than what the configuration asks for.
@@ -131,7 +152,7 @@ TEST_F(Flow, GamePackageBeginsAnewAndIsHandedToTheClient) {
     server.publish("/game.apk", apk);
     server.publish("/vyn/config_sea.data",
                    R"({"appminversion":5210,"apkurl":")" + server.url("/game.apk") + "\"}");
-    model()._threadConfig();
+    runConfigThread(model());
     write(L"my 게임\\vynclient.exe", "no program");
     write(L"my 게임\\data\\appversion1000", "5000");
     write(L"my 게임\\vyn_app_sea_5210.apk.tmp", "rest");
@@ -143,10 +164,30 @@ TEST_F(Flow, GamePackageBeginsAnewAndIsHandedToTheClient) {
     EXPECT_EQ(read(L"my 게임\\data\\appversion1000"), "5210");
     EXPECT_EQ(requests("/game.apk"), 1);
 
+    EXPECT_EQ(logged(L"tell the user"), 0);
+
     // The flow runs on until the client reports; the state is then good.
     frame.finishInstall();
     clickStart();
     EXPECT_EQ(logged(L"error!"), 0);
+}
+
+// The client is asked all the same, but it will not report.
+TEST_F(Flow, GamePackageThatCannotBeHadIsTriedAgainByThePauseButton) {
+    server.publish("/game.apk", someBytes(300'000));
+    server.publish("/vyn/config_sea.data",
+                   R"({"appminversion":5210,"apkurl":")" + server.url("/game.apk") + "\"}");
+    addFault("/game.apk", FaultKind::Cut, 0);
+    runConfigThread(model());
+    write(L"my 게임\\vynclient.exe", "no program");
+    write(L"my 게임\\data\\appversion1000", "5000");
+    frame._checkGameAndAppVersion();
+    clickStart();
+    ASSERT_TRUE(pumpUntilTold(L"flow_no_download"));
+    server.clearFaults();
+    clickPause();
+    ASSERT_TRUE(pumpUntilThere(L"my 게임\\vyn_app_sea_5210.apk"));
+    EXPECT_EQ(requests("/vyn/qzvyn"), 0);
 }
 
 } // namespace

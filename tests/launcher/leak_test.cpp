@@ -21,7 +21,7 @@ protected:
         Flow::SetUp();
         server.publish("/vyn/config_sea.data", "{}");
         for (int i = 0; i < 2 * ServerThreads; ++i)
-            model()._threadConfig();
+            runConfigThread(model());
     }
 
     template <class Cycle>
@@ -68,7 +68,7 @@ TEST_F(FlowLeaks, GamePackage) {
     server.publish("/game.apk", someBytes(50'000));
     server.publish("/vyn/config_sea.data",
                    R"({"appminversion":5210,"apkurl":")" + server.url("/game.apk") + "\"}");
-    model()._threadConfig();
+    runConfigThread(model());
     write(L"my 게임\\vynclient.exe", "no program");
     int started = 0;
     expectNoGrowth(cycles, [&] {
@@ -84,7 +84,7 @@ TEST_F(FlowLeaks, GamePackage) {
 
 TEST_F(FlowLeaks, RemoteConfiguration) {
     server.publish("/vyn/config_sea.data", R"({"appminversion":5210})");
-    expectNoGrowth(100, [&] { model()._threadConfig(); });
+    expectNoGrowth(100, [&] { runConfigThread(model()); });
 }
 
 } // namespace

@@ -72,4 +72,19 @@ TEST_F(Model, AutorunEntryNamesTheProgram) {
     EXPECT_EQ(RegQueryValueExW(run.get(), L"VYN", nullptr, nullptr, nullptr, nullptr), ERROR_FILE_NOT_FOUND);
 }
 
+// As for a user without rights: here the key that everything lies in has been deleted.
+TEST_F(Model, ChoicesThatCannotBeStoredHoldForTheRun) {
+    utility::Key deleted;
+    ASSERT_EQ(RegCreateKeyW(HKEY_CURRENT_USER, L"deleted", deleted.out()), ERROR_SUCCESS);
+    ASSERT_EQ(RegDeleteKeyW(HKEY_CURRENT_USER, L"deleted"), ERROR_SUCCESS);
+    ASSERT_EQ(RegOverridePredefKey(HKEY_CURRENT_USER, deleted.get()), ERROR_SUCCESS);
+    model.setLanguage(L"th_TH");
+    model.setPathDir(L"D:\\VYN\\");
+    model.setAutoRun(true);
+    EXPECT_EQ(value(LauncherKey, L"Language"), L"") << "the key must not be writable here";
+    EXPECT_EQ(model.getLanguage(), L"th");
+    EXPECT_EQ(model.market.localeCode, L"th_TH");
+    EXPECT_EQ(model.getPathDir(), L"D:\\VYN\\");
+}
+
 } // namespace

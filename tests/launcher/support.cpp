@@ -7,6 +7,8 @@
 #include "utility/task_dispatcher.h"
 
 #include <algorithm>
+#include <chrono>
+#include <future>
 #include <mutex>
 #include <vector>
 
@@ -71,6 +73,12 @@ bool Stage::pumpUntil(const std::function<bool()>& condition, unsigned seconds) 
             DispatchMessageW(&message);
     }
     return true;
+}
+
+void Stage::runConfigThread(QzVyModel& model) {
+    const auto thread = std::async(std::launch::async, [&model] { model._threadConfig(); });
+    EXPECT_TRUE(
+        pumpUntil([&] { return thread.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }));
 }
 
 bool Stage::pumpUntilLogged(const std::wstring& text, int count) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "launcher/qzvy/QzVyMainFrame.h"
+#include "launcher/qzvy/QzVyModel.h"
 #include "publisher/publisher.h"
 #include "utility/handles.h"
 
@@ -23,6 +24,9 @@ protected:
     static bool pumpUntil(const std::function<bool()>& condition, unsigned seconds = 30);
     static bool pumpUntilLogged(const std::wstring& text, int count = 1);
     static int logged(const std::wstring& text); // lines that hold the text
+
+    // The configuration thread from its start to its end; its tasks are delivered meanwhile.
+    static void runConfigThread(QzVyModel& model);
 
     int requests(const std::string& path) const;
 

@@ -170,4 +170,37 @@ TEST_F(SettingsFile, IsWholeAtEveryMomentOfConcurrentSaves) {
     EXPECT_EQ(filesOfTheStore(), 1u);
 }
 
+// Starts the program that saves for ever and gives it time for some saves.
+HANDLE startSaver(DWORD milliseconds) {
+    STARTUPINFOW startup = {};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION child = {};
+    std::wstring command = L"\"" + ufile::getModuleDir() + L"settings_saver.exe\"";
+    if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                        &child))
+        return nullptr;
+    CloseHandle(child.hThread);
+    const DWORD start = GetTickCount();
+    while (!ufile::isExist(ufile::getModuleDir() + L"config.data") && GetTickCount() - start < 10000)
+        Sleep(1);
+    Sleep(milliseconds);
+    return child.hProcess;
+}
+
+TEST_F(SettingsFile, IsTheOldOrTheNewOneWhenTheProgramIsKilled) {
+    int first = 0, second = 0;
+    for (int round = 0; round < 40; ++round) {
+        const FileOwner saver(startSaver(round % 8));
+        ASSERT_TRUE(saver);
+        TerminateProcess(saver.get(), 1);
+        WaitForSingleObject(saver.get(), 10000);
+        const std::string left = content();
+        first += left == "autorun=1|existgame=0|minbyclose=1|configversion=1001";
+        second += left == "autorun=0|existgame=1|minbyclose=0|configversion=1234567";
+        QzVySetupImpl{}.loadConfig();
+        EXPECT_EQ(filesOfTheStore(), 1u) << "what the killed save left is cleared away";
+    }
+    EXPECT_EQ(first + second, 40);
+}
+
 } // namespace

@@ -24,6 +24,7 @@ protected:
             results.push_back({version, content, force});
         };
         model->onDownloadPercent = [this](int percent) { percents.push_back(percent); };
+        model->onDownloadFailed = [this] { ++failures; };
     }
 
     void TearDown() override {
@@ -64,6 +65,7 @@ protected:
     std::unique_ptr<QzHubUpdateModel> model;
     std::vector<CheckResult> results;
     std::vector<int> percents;
+    int failures = 0;
     std::string body = patternBytes(500000);
 };
 
@@ -144,4 +146,41 @@ TEST_F(UpdateModel, aStoppedDownloadReportsNothing) {
     model->startDownload();
     ASSERT_TRUE(pumpUntil([this] { return model->needUpdate.load(); }));
     EXPECT_TRUE(readFile(program()) == body);
+}
+
+TEST_F(UpdateModel, aDownloadThatFailsThreeTimesSaysSoAndMayBeTriedAgain) {
+    server.publish("/file", body);
+    spoil("status,500,3");
+    publishDocument("1.1.0");
+    check(false);
+    model->startDownload();
+    ASSERT_TRUE(pumpUntil([this] { return failures > 0; }));
+    EXPECT_EQ(logged(L"update: download error"), 3);
+    EXPECT_FALSE(model->needUpdate);
+
+    model->startDownload();
+    ASSERT_TRUE(pumpUntil([this] { return model->needUpdate.load(); }));
+    EXPECT_EQ(failures, 1);
+    EXPECT_TRUE(readFile(program()) == body);
+}
+
+TEST_F(UpdateModel, aCancelledDownloadTellsNobodyAndACancelledCheckIsOver) {
+    server.publish("/file", body);
+    spoil("slow,300000");
+    publishDocument("1.1.0");
+    check(false);
+    model->startDownload();
+    ASSERT_TRUE(pumpUntil([this] { return utility::ufile::isExist(partial()); }));
+    server.addFault("/vyn/update_en.data", {publisher::FaultKind::Hang, 0, {}, 1});
+    results.clear();
+    model->checkVersion(false);
+    ASSERT_TRUE(pumpUntil([this] { return server.requests().size() == 3; }));
+    percents.clear();
+    model->cancel();
+    ASSERT_TRUE(pumpUntil([this] { return !results.empty(); })) << "who waits for the check is told";
+    EXPECT_EQ(results[0].version, L"");
+    EXPECT_TRUE(percents.empty());
+    EXPECT_EQ(failures, 0);
+    EXPECT_FALSE(model->needUpdate);
+    EXPECT_EQ(check(false).version, L"1.1.0") << "the next check is not taken for a second one";
 }

@@ -1,5 +1,8 @@
-#include "launcher/qzvy/BrowseFolder.h"
+#include "shell/BrowseFolder.h"
 
+#include "utility/task_dispatcher.h"
+
+#include <optional>
 #include <shlobj.h>
 
 namespace {
@@ -10,9 +13,7 @@ int CALLBACK selectPresent(HWND dialog, UINT message, LPARAM, LPARAM present) {
     return 0;
 }
 
-} // namespace
-
-std::optional<std::wstring> browseForFolder(HWND owner, const std::wstring& present) {
+std::optional<std::wstring> runDialog(HWND owner, const std::wstring& present) {
     BROWSEINFOW dialog{};
     dialog.hwndOwner = owner;
     dialog.lpszTitle = L"Install Path";
@@ -26,4 +27,17 @@ std::optional<std::wstring> browseForFolder(HWND owner, const std::wstring& pres
     const bool named = SHGetPathFromIDListW(item, path);
     CoTaskMemFree(item);
     return named ? std::optional<std::wstring>(path) : std::nullopt;
+}
+
+} // namespace
+
+void browseForFolder(HWND owner, const std::wstring& present,
+                     std::function<void(const std::wstring& choice)> onChosen) {
+    common::postToWindowThread([owner, present, onChosen] {
+        if (!IsWindow(owner))
+            return;
+        const auto choice = runDialog(owner, present);
+        if (choice && IsWindow(owner))
+            onChosen(*choice);
+    });
 }

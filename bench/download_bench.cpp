@@ -1,3 +1,4 @@
+#include "bench/publisher_process.h"
 #include "utility/curl_downloader.h"
 #include "utility/encoding.h"
 #include "utility/files.h"
@@ -8,9 +9,9 @@
 
 #include <benchmark/benchmark.h>
 
-#include <cstdio>
 #include <fstream>
 #include <memory>
+#include <optional>
 #include <string>
 
 // A download to a file through each client, beside a bare loop over the same API with the
@@ -28,55 +29,30 @@ std::wstring benchFolder() {
     return std::wstring(temp) + L"vynbench-download";
 }
 
-// publisher.exe over a folder with one file, for the time of one benchmark.
-class PublisherProcess {
+// The publisher over a folder with one file, for the time of one benchmark.
+class FileServer {
 public:
-    explicit PublisherProcess(int mebibytes) {
+    explicit FileServer(int mebibytes) {
         utility::ufile::makeDir(folder);
         std::ofstream file(utility::wideToAnsi(folder + L"\\file"), std::ios::binary);
         const std::string block(1 << 20, 'x');
         for (int index = 0; index < mebibytes; ++index)
             file << block;
         file.close();
-        start();
+        publisher.emplace(folder);
     }
-    ~PublisherProcess() {
-        TerminateProcess(process.get(), 0);
-        WaitForSingleObject(process.get(), INFINITE);
+    ~FileServer() {
+        publisher.reset();
         utility::ufile::removeDir(folder);
     }
 
-    std::wstring url() const { return L"http://127.0.0.1:" + std::to_wstring(port) + L"/file"; }
+    std::wstring url() const { return L"http://127.0.0.1:" + std::to_wstring(publisher->port()) + L"/file"; }
     std::wstring target() const { return folder + L"\\target"; }
-    bool runs() const { return port != 0; }
+    bool runs() const { return publisher->port() != 0; }
 
 private:
-    void start() {
-        SECURITY_ATTRIBUTES inherited = {sizeof inherited, nullptr, TRUE};
-        utility::KernelHandle output, input;
-        if (!CreatePipe(output.out(), input.out(), &inherited, 0))
-            return;
-        std::wstring line = L"\"" + utility::ufile::getModuleDir() + L"publisher.exe\" \"" + folder + L"\"";
-        STARTUPINFOW startup = {};
-        startup.cb = sizeof startup;
-        startup.dwFlags = STARTF_USESTDHANDLES;
-        startup.hStdOutput = input.get();
-        PROCESS_INFORMATION started = {};
-        if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
-                            &started))
-            return;
-        process.reset(started.hProcess);
-        utility::KernelHandle(started.hThread).reset();
-        input.reset(); // so that the read ends if the publisher does
-        char text[64] = {};
-        DWORD length = 0;
-        if (ReadFile(output.get(), text, sizeof text - 1, &length, nullptr))
-            std::sscanf(text, "listening %d", &port);
-    }
-
     std::wstring folder = benchFolder();
-    utility::KernelHandle process;
-    int port = 0;
+    std::optional<bench::PublisherProcess> publisher;
 };
 
 utility::FileOwner createTarget(const std::wstring& path) {
@@ -85,7 +61,7 @@ utility::FileOwner createTarget(const std::wstring& path) {
                                           FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
-bool bareWininet(const PublisherProcess& server) {
+bool bareWininet(const FileServer& server) {
     constexpr DWORD flags = 0x84001081;
     const wchar_t* accept[] = {L"*/*", nullptr};
     const std::wstring headers =
@@ -110,7 +86,7 @@ bool bareWininet(const PublisherProcess& server) {
     return true;
 }
 
-bool ownWininet(const PublisherProcess& server) {
+bool ownWininet(const FileServer& server) {
     utility::CHttpDownloader client;
     return client.download2file(server.url(), server.target(), nullptr, false);
 }
@@ -121,7 +97,7 @@ size_t bareWrite(char* data, size_t size, size_t count, void* file) {
     return written;
 }
 
-bool bareCurl(const PublisherProcess& server) {
+bool bareCurl(const FileServer& server) {
     utility::FileOwner file = createTarget(server.target());
     const std::string url = utility::wideToAnsi(server.url());
     CURL* curl = curl_easy_init();
@@ -136,7 +112,7 @@ bool bareCurl(const PublisherProcess& server) {
     return code == CURLE_OK;
 }
 
-bool ownCurl(const PublisherProcess& server) {
+bool ownCurl(const FileServer& server) {
     utility::ufile::removeFile(server.target()); // what is there would be continued
     return utility::QzCurlDownloader::downloadFile(utility::wideToAnsi(server.target()),
                                                    utility::wideToAnsi(server.url()), {});
@@ -156,8 +132,8 @@ double cpuSeconds() {
     return (ticks(kernel) + ticks(user)) / 1e7;
 }
 
-double measure(benchmark::State& state, const PublisherProcess& server,
-               bool (*fetch)(const PublisherProcess&), Cost& cost) {
+double measure(benchmark::State& state, const FileServer& server, bool (*fetch)(const FileServer&),
+               Cost& cost) {
     LARGE_INTEGER frequency, start, end;
     QueryPerformanceFrequency(&frequency);
     const double cpuStart = cpuSeconds();
@@ -172,10 +148,10 @@ double measure(benchmark::State& state, const PublisherProcess& server,
     return seconds;
 }
 
-void compare(benchmark::State& state, int mebibytes, bool (*own)(const PublisherProcess&),
-             bool (*bare)(const PublisherProcess&)) {
+void compare(benchmark::State& state, int mebibytes, bool (*own)(const FileServer&),
+             bool (*bare)(const FileServer&)) {
     curl_global_init(CURL_GLOBAL_ALL);
-    const PublisherProcess server(mebibytes);
+    const FileServer server(mebibytes);
     if (!server.runs()) {
         state.SkipWithError("publisher.exe does not start");
         return;

@@ -1,3 +1,4 @@
+#include "bench/alpha_blend.h"
 #include "kit/png.h"
 #include "uilib/core/dib_surface.h"
 #include "uilib/core/image_decode.h"
@@ -7,7 +8,6 @@
 #include <benchmark/benchmark.h>
 #include <stb/stb_image.h>
 
-#include <functional>
 #include <vector>
 
 // Painting into the buffer of a window of the main window's size. The yardstick is the
@@ -34,42 +34,12 @@ ImageRecord makeImage(int width, int height, bool alphaChannel) {
     return image;
 }
 
-double secondsOf(const std::function<void()>& work) {
-    LARGE_INTEGER frequency, begin, end;
-    QueryPerformanceFrequency(&frequency);
-    double best = 1e9;
-    for (int i = 0; i < 7; ++i) {
-        QueryPerformanceCounter(&begin);
-        work();
-        QueryPerformanceCounter(&end);
-        best = std::min(best, static_cast<double>(end.QuadPart - begin.QuadPart) /
-                                  static_cast<double>(frequency.QuadPart));
-    }
-    return best;
-}
-
-// Of the system, once.
-double alphaBlendSeconds() {
-    static const double seconds = [] {
-        DibSurface from(nullptr, Width, Height), to(nullptr, Width, Height);
-        raster::fill(from.raster(), from.raster().bounds(), from.raster().bounds(), 0x80204060);
-        const BLENDFUNCTION blend = {AC_SRC_OVER, 0, 255, AC_SRC_ALPHA};
-        return secondsOf([&] {
-            AlphaBlend(to.context(), 0, 0, Width, Height, from.context(), 0, 0, Width, Height, blend);
-            GdiFlush();
-        });
-    }();
-    return seconds;
-}
-
 template <class Work>
 void measure(benchmark::State& state, Work work) {
     DibSurface surface(nullptr, Width, Height);
     for (auto _ : state)
         work(surface.context());
-    // Iterations a second, turned over and divided by the yardstick.
-    state.counters["of_blend"] = benchmark::Counter(
-        alphaBlendSeconds(), benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+    compareWithAlphaBlend(state, Width, Height);
 }
 
 void systemAlphaBlend(benchmark::State& state) {

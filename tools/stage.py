@@ -18,6 +18,10 @@ import urllib.request
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 BIN = ROOT / "build/win32/bin"
 PORT = 18080  # the default endpoints of the build
+TABLE = ROOT / "skin/multi_language.tsv"
+# Languages that the launcher chooses by a market's short code; English goes for all others.
+MARKETS = {"zh_TW": "tw", "zh_CN": "cn", "ko_KR": "kr", "ja_JP": "jp", "vi_VN": "vn", "th_TH": "th", "pt_PT": "pt",
+           "in_ID": "id"}
 REGISTRY_KEY = r"HKCU\Software\wexlane\VYN"
 
 
@@ -44,6 +48,11 @@ def end_soundly_when_terminated():
     signal.signal(signal.SIGTERM, interrupt)
 
 
+def languages():
+    """The codes of the language table."""
+    return TABLE.read_text(encoding="utf-8").splitlines()[0].split("\t")[2:]
+
+
 def windows_path(path):
     return "Z:" + str(path).replace("/", "\\")
 
@@ -59,9 +68,11 @@ def pack_player(out, *options):
 
 
 class Display:
-    """An X display: the user's own, or a virtual one with a window manager."""
+    """An X display: the user's own, or a virtual one with a window manager and a
+    notification area in its lower right corner. Without that, Wine shows the icons in a
+    window of its own, which takes the keyboard."""
 
-    def __init__(self, own=False, size="1920x1080"):
+    def __init__(self, own=False, size="1920x1080", tray=True):
         self.processes = []
         if own:
             self.name = os.environ["DISPLAY"]
@@ -76,15 +87,22 @@ class Display:
         if not number:
             raise StageError("Xvfb gives no display")
         self.name = ":" + number
-        self.processes.append(subprocess.Popen(["openbox", "--sm-disable"], env=dict(os.environ, DISPLAY=self.name),
+        self._start("openbox", "--sm-disable")
+        if tray:
+            # Of a fixed width: Wine clips an icon to the width that it finds while it docks.
+            self._start("trayer", "--edge", "bottom", "--align", "right", "--widthtype", "pixel", "--width", "60",
+                        "--height", "24", "--SetDockType", "true")
+
+    def _start(self, *command):
+        self.processes.append(subprocess.Popen(command, env=dict(os.environ, DISPLAY=self.name),
                                                stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL))
 
     def _run(self, *command):
         result = subprocess.run(command, env=dict(os.environ, DISPLAY=self.name), capture_output=True, text=True)
         return result.stdout
 
-    def click(self, x, y, button=1):
-        self._run("xdotool", "mousemove", str(x), str(y), "click", str(button))
+    def click(self, x, y, button=1, times=1):
+        self._run("xdotool", "mousemove", str(x), str(y), "click", "--repeat", str(times), "--delay", "60", str(button))
 
     def move(self, x, y):
         self._run("xdotool", "mousemove", str(x), str(y))
@@ -92,17 +110,64 @@ class Display:
     def key(self, *names):
         self._run("xdotool", "key", *names)
 
+    def type(self, text):
+        self._run("xdotool", "type", text)
+
     def window(self, title):
         """(x, y, width, height) of the visible window of that title, or None."""
         ids = self._run("xdotool", "search", "--onlyvisible", "--name", f"^{title}$").split()
-        if not ids:
-            return None
-        shell = dict(re.findall(r"(\w+)=(-?\d+)", self._run("xdotool", "getwindowgeometry", "--shell", ids[-1])))
+        return self._place(ids[-1]) if ids else None
+
+    def _place(self, window):
+        shell = dict(re.findall(r"(\w+)=(-?\d+)", self._run("xdotool", "getwindowgeometry", "--shell", window)))
         return tuple(int(shell[k]) for k in ("X", "Y", "WIDTH", "HEIGHT")) if "X" in shell else None
+
+    def windows(self, program):
+        """Places of the visible windows of a program, each as window() gives them."""
+        ids = self._run("xdotool", "search", "--onlyvisible", "--class", f"^{program}$").split()
+        return [place for place in map(self._place, ids) if place]
+
+    def cover(self, title):
+        """Lays the window of that title over the whole screen, in front of all others."""
+        self._run("xdotool", "search", "--onlyvisible", "--name", title, "windowactivate", "--sync",
+                  "windowmove", "0", "0", "windowsize", "1900", "1040")
+
+    def stacking(self):
+        """Titles of the programs' windows, the lowest first."""
+        ids = re.findall(r"0x\w+", self._run("xprop", "-root", "_NET_CLIENT_LIST_STACKING"))
+        return [self._run("xdotool", "getwindowname", window).strip() for window in ids]
+
+    def active(self):
+        """Title of the window that has the focus."""
+        return self._run("xdotool", "getactivewindow", "getwindowname").strip()
+
+    def tray_icons(self):
+        """Centres of the icons in the notification area."""
+        tree = self._run("xwininfo", "-name", "panel", "-tree")
+        return [(int(x) + int(w) // 2, int(y) + int(h) // 2) for w, h, x, y in
+                re.findall(r'\("explorer\.exe" .*?\)\s+(\d+)x(\d+)\S+\s+\+(\d+)\+(\d+)', tree)]
+
+    def wait_tray_icon(self):
+        """The centre of the one icon, once it shows its picture."""
+        def painted():
+            icons = self.tray_icons()
+            return (len(icons) == 1 and len({self.pixel(icons[0][0] + dx, icons[0][1]) for dx in (-4, 0, 4)}) > 1
+                    and icons[0])
+        return wait_for(painted, 10, "the icon")
+
+    def pixel(self, x, y):
+        """The colour at a place of the screen, as RRGGBB."""
+        return self.pixels(x, y, 1, 1).hex()
 
     def screenshot(self, path):
         path.parent.mkdir(parents=True, exist_ok=True)
         self._run("import", "-window", "root", str(path))
+
+    def pixels(self, x, y, width, height):
+        """The screen's bytes in a rectangle, to compare."""
+        return subprocess.run(["import", "-window", "root", "-crop", f"{width}x{height}+{x}+{y}",
+                               "-depth", "8", "rgb:-"],
+                              env=dict(os.environ, DISPLAY=self.name), capture_output=True).stdout
 
     def close(self):
         for process in reversed(self.processes):
@@ -242,6 +307,10 @@ class Launcher:
     # Centres of the controls at the design size of 1642 by 977.
     START = (1384, 846)
     PAUSE = (1055, 861)
+    SETUP = (1534, 20)
+    MINIMIZE = (1577, 20)
+    CLOSE = (1620, 20)
+    BROWSE = (462, 887)
 
     def __init__(self, wine, display, folder):
         self.wine, self.display, self.folder = wine, display, folder
@@ -264,12 +333,28 @@ class Launcher:
         """Without waiting for the window, which may be gone before one looks."""
         self.process = self.wine.start(windows_path(self.folder / "tkvyn.exe"), cwd=self.folder, locale=locale)
 
+    def speak(self, language):
+        """From the next start on: by the choice that a user made, or, where no market has the
+        language yet, by a table beside the program whose English is that language."""
+        market = MARKETS.get(language, "en")
+        self.wine.call("reg", "add", REGISTRY_KEY, "/v", "Language", "/d", market, "/f")
+        if market != "en":
+            return
+        rows = [line.split("\t") for line in TABLE.read_text(encoding="utf-8").splitlines()]
+        column = rows[0].index(language)
+        text = "\r\n".join("\t".join([*row[:2], row[column], *row[3:]] if i else row) for i, row in enumerate(rows))
+        (self.folder / TABLE.name).write_text(text, encoding="utf-8")
+
     def window(self):
         return self.display.window("VYN")
 
-    def click(self, place):
+    def on_screen(self, place):
+        """A place of the design on the screen, where the window has been scaled to it."""
         window = wait_for(self.window, 10, "the launcher's window")
-        self.display.click(window[0] + place[0] * window[2] // 1642, window[1] + place[1] * window[3] // 977)
+        return window[0] + place[0] * window[2] // 1642, window[1] + place[1] * window[3] // 977
+
+    def click(self, place):
+        self.display.click(*self.on_screen(place))
 
     def log(self):
         try:
@@ -290,14 +375,14 @@ class Launcher:
 class Stage:
     """Display, Wine and a scratch folder; a context that cleans up after itself."""
 
-    def __init__(self, name, own_display=False, size="1920x1080"):
+    def __init__(self, name, own_display=False, size="1920x1080", tray=True):
         self.scratch = ROOT / "build" / name
         self.scratch.mkdir(parents=True, exist_ok=True)
-        self.own_display, self.size = own_display, size
+        self.own_display, self.size, self.tray = own_display, size, tray
 
     def __enter__(self):
         end_soundly_when_terminated()
-        self.display = Display(self.own_display, self.size)
+        self.display = Display(self.own_display, self.size, self.tray)
         try:
             self.wine = Wine(self.display)
         except BaseException:

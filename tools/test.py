@@ -8,7 +8,7 @@ from stage import ROOT, Display, end_soundly_when_terminated
 
 def main():
     end_soundly_when_terminated()
-    display = Display()
+    display = Display(tray=False)
     environment = dict(os.environ, DISPLAY=display.name)
     wine = dict(environment, WINEPREFIX=str(ROOT / "build/wine"), WINEDEBUG="-all")
     # One Wine server for the whole run: it starts once, not once a test.

@@ -17,6 +17,7 @@ class Faults(Scene):
         self.launcher.start()
         self.launcher.click(self.launcher.START)
         self.launcher.wait_log("no installer file", 60)
+        self.launcher.wait_log("tell the user: flow_no_download")
         self.publisher.clear()
         self.launcher.click(self.launcher.PAUSE)
         self.launcher.wait_log("\\driverconfig.exe]", 120)
@@ -31,6 +32,7 @@ class Faults(Scene):
         self.launcher.click(self.launcher.START)
         self.launcher.wait_log("download url 1.0 ")
         self.launcher.wait_log("result:", 60)
+        self.launcher.wait_log("tell the user: flow_broken_package", 60)
         self.assertIsNone(self.launcher.process.poll())
         # What an error page left behind does not stand in the way of the next try.
         self.publisher.player("/player.7z", "1.0")

@@ -62,11 +62,11 @@ void MessageBoxWindow::releaseParent() {
 }
 
 void MessageBoxWindow::setIcon(const std::wstring& image) {
-    CControlUI* icon = paintManager.FindControl(L"msgiconimage");
+    CControlUI* icon = find(L"msgiconimage");
     if (image.empty()) {
         if (icon)
             icon->SetVisible(false);
-        if (CControlUI* text = paintManager.FindControl(L"descriptlabel"))
+        if (CControlUI* text = find(L"descriptlabel"))
             text->SetAttribute(L"width", L"340");
     } else if (icon) {
         icon->SetBkImage(image.c_str());
@@ -74,13 +74,12 @@ void MessageBoxWindow::setIcon(const std::wstring& image) {
 }
 
 void MessageBoxWindow::setTitle(const std::wstring& text) {
-    if (CControlUI* title = paintManager.FindControl(L"titlelabel"))
-        title->SetText(text.c_str());
+    setText(L"titlelabel", text);
 }
 
 void MessageBoxWindow::setContent(const std::wstring& text) {
     content = text;
-    auto* label = paintManager.FindControl(L"descriptlabel");
+    auto* label = find(L"descriptlabel");
     if (!label)
         return;
     label->SetAttribute(L"align", L"center");
@@ -101,8 +100,7 @@ void MessageBoxWindow::addRemoteSelection(const Selection& selection) {
 // Before the last child, the spacer on the right. The main button gets the focus once the
 // layout has given it a place.
 void MessageBoxWindow::addButton(CControlUI* button, bool primary) {
-    CControlUI* bar = paintManager.FindControl(L"bottombar");
-    auto* buttons = bar ? static_cast<IContainerUI*>(bar->GetInterface(L"IContainer")) : nullptr;
+    auto* buttons = find<IContainerUI>(L"bottombar", L"IContainer");
     if (!buttons || !buttons->AddAt(button, std::max(buttons->GetCount() - 1, 0))) {
         button->Delete();
         return;

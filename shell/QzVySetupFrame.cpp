@@ -167,14 +167,3 @@ void QzVySetupFrame::OnFinalMessage(HWND handle) {
         onClosed();
     delete this;
 }
-
-template <class Control>
-Control* QzVySetupFrame::find(const wchar_t* name, const wchar_t* kind) const {
-    CControlUI* control = paintManager.FindControl(name);
-    return control ? static_cast<Control*>(control->GetInterface(kind)) : nullptr;
-}
-
-void QzVySetupFrame::setText(const wchar_t* name, const std::wstring& text) {
-    if (CControlUI* control = paintManager.FindControl(name))
-        control->SetText(text.c_str());
-}

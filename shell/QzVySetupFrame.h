@@ -36,9 +36,5 @@ private:
     void applyPath(const std::wstring& choice);
     void askForRestart();
 
-    template <class Control>
-    Control* find(const wchar_t* name, const wchar_t* kind) const;
-    void setText(const wchar_t* name, const std::wstring& text);
-
     static const MessageMap messageMap;
 };

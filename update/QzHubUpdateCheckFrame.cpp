@@ -23,9 +23,8 @@ void QzHubUpdateCheckFrame::showUpToDate() {
 }
 
 void QzHubUpdateCheckFrame::selectPage(int page) {
-    CControlUI* pages = paintManager.FindControl(L"maintab");
-    if (auto* tab = pages ? static_cast<CTabLayoutUI*>(pages->GetInterface(L"TabLayout")) : nullptr)
-        tab->SelectItem(page);
+    if (auto* pages = find<CTabLayoutUI>(L"maintab", L"TabLayout"))
+        pages->SelectItem(page);
 }
 
 void QzHubUpdateCheckFrame::OnFinalMessage(HWND handle) {

@@ -62,7 +62,7 @@ void QzNimUpdateFrame::enter(State next) {
     setVisible(L"failedLabel", state == State::Failed);
     setVisible(L"closebtn", !(forced && downloading));
     setText(L"updateBtn", languageText(state == State::Failed ? "try_again" : "update_window_text"));
-    CControlUI* button = paintManager.FindControl(L"updateBtn");
+    CControlUI* button = find(L"updateBtn");
     if (!button)
         return;
     button->SetEnabled(!downloading);
@@ -94,18 +94,7 @@ void QzNimUpdateFrame::OnFinalMessage(HWND handle) {
     delete this;
 }
 
-void QzNimUpdateFrame::setText(const wchar_t* name, const std::wstring& text) {
-    if (CControlUI* control = paintManager.FindControl(name))
-        control->SetText(text.c_str());
-}
-
-void QzNimUpdateFrame::setVisible(const wchar_t* name, bool visible) {
-    if (CControlUI* control = paintManager.FindControl(name))
-        control->SetVisible(visible);
-}
-
 void QzNimUpdateFrame::setProgress(int percent) {
-    CControlUI* control = paintManager.FindControl(L"updateprogress");
-    if (auto* bar = control ? static_cast<CProgressUI*>(control->GetInterface(L"Progress")) : nullptr)
+    if (auto* bar = find<CProgressUI>(L"updateprogress", L"Progress"))
         bar->SetValue(percent);
 }

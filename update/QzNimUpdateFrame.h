@@ -43,8 +43,6 @@ private:
     void onDownloadFailed();
     void enter(State next);
 
-    void setText(const wchar_t* name, const std::wstring& text);
-    void setVisible(const wchar_t* name, bool visible);
     void setProgress(int percent);
 
     static const MessageMap messageMap;

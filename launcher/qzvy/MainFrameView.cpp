@@ -22,11 +22,6 @@ constexpr Link Links[] = {
     {L"behemothBtn", "url_Behemoth"},
 };
 
-template <class Control>
-Control* as(CControlUI* control, const wchar_t* kind) {
-    return control ? static_cast<Control*>(control->GetInterface(kind)) : nullptr;
-}
-
 // The bar has its design width where there is room, and is shorter in a narrow window; it
 // has no width at all while its page has not been laid out.
 int onBarOf(int width, int iconOffset) {
@@ -86,22 +81,22 @@ void MainFrameView::applySmallLayout() {
     setVisible(L"left11Control", false);
     setVisible(L"speedLabel", false);
     setBackground(L"rightbgControl", L"");
-    if (CControlUI* right = control(L"rightxxControl"))
+    if (CControlUI* right = find(L"rightxxControl"))
         right->SetFixedWidth(340);
-    if (CControlUI* bottom = control(L"startBottomControl"))
+    if (CControlUI* bottom = find(L"startBottomControl"))
         bottom->SetFixedHeight(30);
     // Where the speed stood; in its own place the time would meet the amount in a column so narrow.
-    if (CControlUI* time = control(L"leftTimeLabel"))
+    if (CControlUI* time = find(L"leftTimeLabel"))
         time->SetAttribute(L"pos", L"-140,110,160,134");
 }
 
 void MainFrameView::enableStart(bool enabled) {
-    if (CControlUI* button = control(L"startBtn"))
+    if (CControlUI* button = find(L"startBtn"))
         button->SetEnabled(enabled);
 }
 
 void MainFrameView::selectPage(Page page) {
-    if (auto* pages = as<CTabLayoutUI>(control(L"pathTab"), L"TabLayout"))
+    if (auto* pages = find<CTabLayoutUI>(L"pathTab", L"TabLayout"))
         pages->SelectItem(static_cast<int>(page));
 }
 
@@ -121,29 +116,19 @@ void MainFrameView::setDownloadTexts(const std::wstring& amount, const std::wstr
 }
 
 void MainFrameView::setPaused(bool paused) {
-    if (CControlUI* button = control(L"pauseBtn"))
+    if (CControlUI* button = find(L"pauseBtn"))
         setPictures(*button, paused ? L"play" : L"pause");
 }
 
-void MainFrameView::setVisible(const wchar_t* name, bool visible) {
-    if (CControlUI* found = control(name))
-        found->SetVisible(visible);
-}
-
 void MainFrameView::setBackground(const wchar_t* name, const std::wstring& image) {
-    if (CControlUI* found = control(name))
+    if (CControlUI* found = find(name))
         found->SetBkImage(image.c_str());
 }
 
-void MainFrameView::setText(const wchar_t* name, const std::wstring& text) {
-    if (CControlUI* found = control(name))
-        found->SetText(text.c_str());
-}
-
 void MainFrameView::setProgress(const wchar_t* bar, int percent, const wchar_t* space, int iconOffset) {
-    auto* progress = as<CProgressUI>(control(bar), L"Progress");
+    auto* progress = find<CProgressUI>(bar, L"Progress");
     if (progress)
         progress->SetValue(percent);
-    if (CControlUI* left = control(space))
+    if (CControlUI* left = find(space))
         left->SetFixedWidth(progress ? onBarOf(progress->GetWidth(), iconOffset) : iconOffset);
 }

@@ -55,7 +55,7 @@ public:
     void setPaused(bool paused); // the pause button offers to go on, or to pause
 
     // Buttons of the social column show where the language has an address for them.
-    void setVisible(const wchar_t* control, bool visible);
+    using WindowImplBase::setVisible;
     void setBackground(const wchar_t* control, const std::wstring& image);
 
 private:
@@ -76,8 +76,6 @@ private:
     void onBrowse(UILib::TUINotify&) { events->onBrowseInstallPath(); }
     void onLink(UILib::TUINotify& notification);
 
-    UILib::CControlUI* control(const wchar_t* name) const { return paintManager.FindControl(name); }
-    void setText(const wchar_t* name, const std::wstring& text);
     void setProgress(const wchar_t* bar, int percent, const wchar_t* space, int iconOffset);
 
     static const MessageMap messageMap;

@@ -229,13 +229,28 @@ LRESULT WindowImplBase::OnSysCommand(UINT message, WPARAM wParam, LPARAM lParam,
     return result;
 }
 
+void* WindowImplBase::findInterface(const wchar_t* name, const wchar_t* kind) const {
+    CControlUI* control = find(name);
+    return control ? control->GetInterface(kind) : nullptr;
+}
+
+void WindowImplBase::setText(const wchar_t* name, const std::wstring& text) {
+    if (CControlUI* control = find(name))
+        control->SetText(text.c_str());
+}
+
+void WindowImplBase::setVisible(const wchar_t* name, bool visible) {
+    if (CControlUI* control = find(name))
+        control->SetVisible(visible);
+}
+
 void WindowImplBase::showRestoreButton(bool wasZoomed) {
-    const auto find = [this](const wchar_t* name, const wchar_t* otherName) {
-        CControlUI* button = paintManager.FindControl(name);
-        return button ? button : paintManager.FindControl(otherName);
+    const auto either = [this](const wchar_t* name, const wchar_t* otherName) {
+        CControlUI* button = find(name);
+        return button ? button : find(otherName);
     };
-    CControlUI* maximise = find(L"maxbtn", L"maxbtnxx");
-    CControlUI* restore = find(L"restorebtn", L"restorebtnxx");
+    CControlUI* maximise = either(L"maxbtn", L"maxbtnxx");
+    CControlUI* restore = either(L"restorebtn", L"restorebtnxx");
     if (!maximise || !restore)
         return;
     maximise->SetVisible(wasZoomed);

@@ -62,10 +62,22 @@ protected:
     LRESULT MessageHandler(UINT message, WPARAM wParam, LPARAM lParam, bool& handled) override;
     CControlUI* CreateControl(const wchar_t*) override { return nullptr; }
 
+    // What the skin calls by that name, as its class (kind is what GetInterface knows it by);
+    // null where there is none.
+    CControlUI* find(const wchar_t* name) const { return paintManager.FindControl(name); }
+    template <class Control>
+    Control* find(const wchar_t* name, const wchar_t* kind) const {
+        return static_cast<Control*>(findInterface(name, kind));
+    }
+    // Of what is not there they change nothing.
+    void setText(const wchar_t* name, const std::wstring& text);
+    void setVisible(const wchar_t* name, bool visible);
+
     static const MessageMap messageMap; // base of the maps of derived windows
     CPaintManagerUI paintManager;
 
 private:
+    void* findInterface(const wchar_t* name, const wchar_t* kind) const;
     LRESULT route(UINT message, WPARAM wParam, LPARAM lParam, bool& handled);
     LRESULT edgeAt(POINT point, const RECT& client) const;
     bool isCaption(POINT point, const RECT& client) const;

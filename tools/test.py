@@ -9,8 +9,8 @@ from stage import ROOT, Display, end_soundly_when_terminated
 def main():
     end_soundly_when_terminated()
     display = Display(tray=False)
-    environment = dict(os.environ, DISPLAY=display.name)
-    wine = dict(environment, WINEPREFIX=str(ROOT / "build/wine"), WINEDEBUG="-all")
+    environment = dict(os.environ, DISPLAY=display.name, VYN_DESKTOP="1920x1080")
+    wine = dict(environment, WINEPREFIX=str(ROOT / "build/wine-desktop"), WINEDEBUG="-all")
     # One Wine server for the whole run: it starts once, not once a test.
     subprocess.run([ROOT / "tools/wine-run", "cmd", "/c", "ver"], env=environment, stdout=subprocess.DEVNULL)
     subprocess.run(["wineserver", "-p"], env=wine)

@@ -33,7 +33,7 @@ public:
         for (int paint = 0; paint < 2; ++paint) // the first one lays out, the second focuses a tab stop
             RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
         manager.SetFocus(nullptr, UILib::FocusWindow::Yes);
-        pumpUntil([this] { return focusGiven; }, 500); // without a window manager it is not given
+        pump();
         log.clear();
     }
     ~Stage() override {
@@ -92,10 +92,6 @@ public:
 private:
     const wchar_t* GetWindowClassName() const override { return L"uilib controls test"; }
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
-        if (message == WM_MOUSEACTIVATE) { // sent when the display gives its focus, which is late
-            focusGiven = true;
-            return MA_NOACTIVATE;
-        }
         LRESULT result = 0;
         if (manager.MessageHandler(message, wParam, lParam, result))
             return result;
@@ -114,5 +110,4 @@ private:
     }
 
     std::string log;
-    bool focusGiven = false;
 };

@@ -76,7 +76,7 @@ TEST_F(HttpStop, comesBackFromAServerThatNeverAnswers) {
 
 // Not for ever here: a worker in full swing must not be ended by force in a test.
 TEST_F(HttpStop, comesBackFromALongChainOfRedirects) {
-    spoil("redirect-loop,,50");
+    spoil("redirect-loop,,20");
     startFetch(false);
     ASSERT_TRUE(waitFor([this] { return server.requests().size() >= 3; }));
     EXPECT_LT(stop(), 5000);

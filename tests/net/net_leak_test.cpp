@@ -61,8 +61,9 @@ TEST_F(NetLeak, aHundredCyclesLeaveNoHandleAndNoThread) {
     kit::ProcessCounts before = counts();
     for (int round = 0; round < 100 && !HasFailure(); ++round)
         cycle();
-    // The system keeps a few of its own, connections that are closing and pool threads, and
-    // their number sways; a leak of ours shows a hundred times.
-    EXPECT_TRUE(waitFor([&] { return counts().handles <= before.handles + 10; })) << counts().handles;
-    EXPECT_TRUE(waitFor([&] { return counts().threads <= before.threads + 5; })) << counts().threads;
+    // The system keeps some of its own, connections that are closing and pool threads, and
+    // their number sways, most on a busy machine; a leak of ours shows a hundred times.
+    constexpr unsigned sway = 50;
+    EXPECT_TRUE(waitFor([&] { return counts().handles <= before.handles + sway; })) << counts().handles;
+    EXPECT_TRUE(waitFor([&] { return counts().threads <= before.threads + sway; })) << counts().threads;
 }

@@ -305,7 +305,7 @@ class Launcher:
     """tkvyn.exe in a folder of its own, freshly installed."""
 
     # Centres of the controls at the design size of 1642 by 977.
-    START = (1384, 846)
+    START = (1384, 860)  # on the button in the small layout, too
     PAUSE = (1055, 861)
     SETUP = (1534, 20)
     MINIMIZE = (1577, 20)

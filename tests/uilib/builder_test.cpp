@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 using namespace UILib;
 
 namespace {
@@ -36,12 +38,32 @@ Tree buildWith(CPaintManagerUI& manager, const std::wstring& elements) {
 TEST(DialogBuilder, MakesControlsOfTags) {
     Creator creator;
     Tree root =
-        buildTree(L"<vbox><HBOX><Control/></HBOX><Container/><VerticalLayout/><HorizontalLayout/><TabLayout/>"
-                  L"<ScrollBar/><Unknown><Control/></Unknown><Mine/><MultiLanguage/></vbox>",
+        buildTree(L"<vbox><HBOX><Control/></HBOX><Container/><Unknown><Control/></Unknown><Mine/><gifanim/>"
+                  L"<MultiLanguage/></vbox>",
                   &creator);
-    EXPECT_EQ(classesIn(*root), L"VerticalLayout(HorizontalLayout(Control) Container VerticalLayout "
-                                L"HorizontalLayout TabLayout ScrollBar Control)");
-    EXPECT_EQ(creator.asked, L"UnknownMine");
+    EXPECT_EQ(classesIn(*root), L"VerticalLayout(HorizontalLayout(Control) Container Control)");
+    EXPECT_EQ(creator.asked, L"UnknownMinegifanim");
+    const std::pair<const wchar_t*, const wchar_t*> tags[] = {{L"VBox", L"VerticalLayout"},
+                                                              {L"VerticalLayout", L"VerticalLayout"},
+                                                              {L"HBox", L"HorizontalLayout"},
+                                                              {L"HorizontalLayout", L"HorizontalLayout"},
+                                                              {L"TabLayout", L"TabLayout"},
+                                                              {L"ScrollBar", L"ScrollBar"},
+                                                              {L"Label", L"Label"},
+                                                              {L"Button", L"Button"},
+                                                              {L"Option", L"Option"},
+                                                              {L"CheckBox", L"CheckBox"},
+                                                              {L"Progress", L"Progress"},
+                                                              {L"GifAnim", L"GifAnim"},
+                                                              {L"Edit", L"Edit"},
+                                                              {L"Combo", L"Combo"},
+                                                              {L"combobox", L"Combo"},
+                                                              {L"ListLabelElement", L"ListLabelElement"}};
+    for (const auto& [tag, name] : tags) {
+        const Tree control = buildTree(std::wstring(L"<") + tag + L"/>");
+        ASSERT_NE(control, nullptr) << std::filesystem::path(tag);
+        EXPECT_STREQ(control->GetClass(), name);
+    }
 }
 
 TEST(DialogBuilder, DropsWhatHasNoPlaceAndKeepsTheRest) {

@@ -52,6 +52,7 @@ constexpr ControlClass Classes[] = {
     {L"GifAnim", make<CGifAnimUI>, TagCase::Exact},
     {L"Edit", make<CEditUI>},
     {L"Combo", make<CComboUI>},
+    {L"ComboBox", make<CComboUI>},
     {L"ListLabelElement", make<CListLabelElementUI>},
 };
 

@@ -117,6 +117,18 @@ TEST(ScrollBars, MoveTheChildrenWithoutALayout) {
     EXPECT_EQ(placeOf(child(*root, 1)), "0,50,96,130");
 }
 
+TEST(ScrollBars, GoWithTheContainerThatIsMoved) {
+    Tree root = buildTree(L"<VBox vscrollbar=\"true\"><Control height=\"160\"/></VBox>");
+    root->SetPos({0, 0, 100, 100}, false);
+    const CScrollBarUI& bar = *asContainer(*root).GetVerticalScrollBar();
+    const RECT parts[] = {bar.GetButton1Rect(), bar.GetThumbRect(), bar.GetButton2Rect()};
+    root->Move(30, -7, false);
+    EXPECT_EQ(placeOf(bar), "126,-7,130,93");
+    EXPECT_TRUE(equal(bar.GetButton1Rect(), moved(parts[0], 30, -7)));
+    EXPECT_TRUE(equal(bar.GetThumbRect(), moved(parts[1], 30, -7)));
+    EXPECT_TRUE(equal(bar.GetButton2Rect(), moved(parts[2], 30, -7)));
+}
+
 TEST(ScrollBars, BothAtOnceShareTheCorner) {
     Tree root = buildTree(
         L"<VBox vscrollbar=\"true\" hscrollbar=\"true\"><Control width=\"300\" height=\"200\"/></VBox>");

@@ -188,6 +188,12 @@ void CScrollBarUI::SetPos(RECT rectangle, bool invalidate) {
         layoutThumb(first + (showButton1 ? button : 0), last - (showButton2 ? button : 0), thickness);
 }
 
+void CScrollBarUI::Move(int dx, int dy, bool invalidate) {
+    CControlUI::Move(dx, dy, invalidate);
+    for (Part* part : {&button1, &button2, &thumb})
+        part->place = moved(part->place, dx, dy);
+}
+
 void CScrollBarUI::layoutThumb(int start, int end, int thickness) {
     if (range < 1) {
         setPart(thumb, start, end);

@@ -45,6 +45,7 @@ public:
     const RECT& GetButton2Rect() const { return button2.place; }
 
     void SetPos(RECT rectangle, bool invalidate = true) override;
+    void Move(int dx, int dy, bool invalidate = true) override;
     void SetVisible(bool on) override;
     void SetEnabled(bool on) override;
     void SetFocus() override;

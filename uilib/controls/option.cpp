@@ -52,8 +52,11 @@ void COptionUI::SetManager(CPaintManagerUI* newManager, CControlUI* newParent, b
     if (manager && manager != newManager && !groupName.IsEmpty())
         manager->RemoveOptionGroup(groupName, this);
     CButtonUI::SetManager(newManager, newParent, initialise);
-    if (initialise && manager && !groupName.IsEmpty())
-        manager->AddOptionGroup(groupName, this);
+    if (!initialise || !manager || groupName.IsEmpty())
+        return;
+    manager->AddOptionGroup(groupName, this);
+    if (selected) // a tree joins in its order: of several in the markup the last one stays
+        deselectOthers(false);
 }
 
 bool COptionUI::Activate() {

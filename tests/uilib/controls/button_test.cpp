@@ -133,6 +133,15 @@ TEST(Option, TogglesAloneAndStaysInAGroup) {
     EXPECT_TRUE(stage.get<COptionUI>(L"a").IsSelected()); // no longer concerned
 }
 
+TEST(Option, OfSeveralSelectedInAGroupTheLastOneStays) {
+    Stage stage(L"<Option name=\"a\" group=\"g\" selected=\"true\" height=\"20\"/><HBox height=\"20\">"
+                L"<Option name=\"b\" selected=\"true\" group=\"g\"/></HBox><Option name=\"c\" group=\"g\"/>");
+    EXPECT_FALSE(stage.get<COptionUI>(L"a").IsSelected());
+    EXPECT_TRUE(stage.get<COptionUI>(L"b").IsSelected());
+    stage.click(5, 50);
+    EXPECT_FALSE(stage.get<COptionUI>(L"b").IsSelected());
+}
+
 TEST(Option, LeavesItsGroupWhenItGoes) {
     Stage stage(L"<VBox name=\"box\"><Option name=\"a\" group=\"g\" selected=\"true\" height=\"20\"/></VBox>"
                 L"<Option name=\"b\" group=\"g\" height=\"20\"/>");

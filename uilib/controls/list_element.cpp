@@ -62,6 +62,16 @@ bool CListElementUI::Select(bool on, bool notify) {
     return true;
 }
 
+// A popup that borrows its items gives them back with the mouse still on one: what mouse
+// and focus of one window have made of an item means nothing in another.
+void CListElementUI::SetManager(CPaintManagerUI* newManager, CControlUI* newParent, bool initialise) {
+    if (newManager != manager) {
+        buttonState = 0;
+        storeFocused(false);
+    }
+    CControlUI::SetManager(newManager, newParent, initialise);
+}
+
 void CListElementUI::SetVisible(bool on) {
     CControlUI::SetVisible(on);
     if (IsVisible() || !selected)

@@ -26,6 +26,7 @@ public:
     bool Select(bool on = true, bool notify = true) override;
     bool IsExpanded() const override { return false; }
     bool Expand(bool) override { return false; }
+    void SetManager(CPaintManagerUI* newManager, CControlUI* newParent, bool initialise) override;
     void SetVisible(bool on) override;
     void SetEnabled(bool on) override;
 

@@ -77,6 +77,30 @@ TEST(Combo, SelectsByMouse) {
     EXPECT_TRUE(stage.closed());
 }
 
+TEST(Combo, DrawsAnItemHotOnlyWhileTheMouseIsOnIt) {
+    ComboStage stage(combo(5, L"itembkcolor=\"#FFFFFFFF\" itemselectedbkcolor=\"#FF0000FF\" "
+                              L"itemhotbkcolor=\"#FF00FF00\""));
+    const auto color = [&](const wchar_t* name) {
+        CControlUI& item = stage.get(name);
+        return stage.pixel(item, item.GetPos().right - 2, item.GetPos().top + 2);
+    };
+    const auto moveTo = [&](int x, int y) { SendMessageW(stage.popup(), WM_MOUSEMOVE, 0, MAKELPARAM(x, y)); };
+    stage.open();
+    moveTo(10, 50);
+    EXPECT_EQ(color(L"i2"), 0x00FF00u);
+    stage.clickPopup(10, 50);
+    EXPECT_TRUE(stage.closed());
+    stage.open();
+    EXPECT_EQ(color(L"i2"), 0x0000FFu);
+    moveTo(10, 30);
+    EXPECT_EQ(color(L"i1"), 0x00FF00u);
+    stage.control().SetVisible(false); // dismissed
+    EXPECT_TRUE(stage.closed());
+    stage.control().SetVisible(true);
+    stage.open();
+    EXPECT_EQ(color(L"i1"), 0xFFFFFFu);
+}
+
 TEST(Combo, SelectsByKeyboard) {
     ComboStage stage(combo(4));
     stage.get(L"i1").SetEnabled(false);

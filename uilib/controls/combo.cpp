@@ -6,6 +6,7 @@
 
 #include <cwchar>
 #include <memory>
+#include <utility>
 
 namespace UILib {
 
@@ -204,7 +205,7 @@ void CComboUI::closeWhenHidden() {
 }
 
 void CComboUI::SetPos(RECT rectangle, bool invalidate) {
-    if (!comboWindow) // an open popup gives the items their places
+    if (!comboWindow)                             // an open popup gives the items their places
         for (CControlUI* item : items)
             item->SetPos({}, false);
     CControlUI::SetPos(rectangle, invalidate);
@@ -293,9 +294,9 @@ bool CComboUI::onKey(wchar_t key) {
 }
 
 bool CComboUI::selectByKey(int target) {
-    selectCloseFlag = false;
+    const bool closes = std::exchange(selectCloseFlag, false);
     SelectItem(target);
-    selectCloseFlag = true;
+    selectCloseFlag = closes;
     return true;
 }
 

@@ -74,7 +74,7 @@ void CListElementUI::SetManager(CPaintManagerUI* newManager, CControlUI* newPare
 
 void CListElementUI::SetVisible(bool on) {
     CControlUI::SetVisible(on);
-    if (IsVisible() || !selected)
+    if (on || !selected)
         return;
     selected = false;
     if (owner)

@@ -259,8 +259,23 @@ TEST(Combo, KeepsTheSelectionOnItsItem) {
     EXPECT_FALSE(c.SelectItem(1));
     EXPECT_EQ(c.GetCurSel(), -1);
     c.SelectItem(0);
+    c.SetVisible(false);
+    added->SetVisible(true);
+    EXPECT_EQ(c.GetCurSel(), 0);
+    c.SetVisible(true);
     added->SetVisible(false);
     EXPECT_EQ(c.GetCurSel(), -1);
+}
+
+TEST(Combo, StaysOpenWhenAskedTo) {
+    ComboStage stage(combo(4));
+    stage.control().SetSelectCloseFlag(false);
+    stage.open();
+    stage.key(stage.popup(), VK_DOWN); // a key keeps what was asked for
+    stage.control().SelectItem(2);
+    stage.pump();
+    EXPECT_TRUE(stage.control().IsOpen());
+    EXPECT_EQ(stage.control().GetCurSel(), 2);
 }
 
 TEST(Combo, LeaksNothing) {

@@ -116,6 +116,29 @@ TEST(PaintManager, APressKeepsTheMouseUntilItsRelease) {
     EXPECT_EQ(host.take(), "");
 }
 
+TEST(PaintManager, APressEndsWithoutItsControlOrItsCapture) {
+    Host host;
+    host.attach(TwoProbes);
+    host.mouse(WM_LBUTTONDOWN, 5, 5);
+    static_cast<CContainerUI*>(host.manager.GetRoot())->Remove(&host.probe(L"a"));
+    host.pump();
+    host.mouse(WM_LBUTTONUP, 5, 5);
+    EXPECT_FALSE(host.manager.IsCaptured());
+    EXPECT_NE(GetCapture(), host.GetHWND());
+
+    host.paint();
+    host.mouse(WM_LBUTTONDOWN, 5, 5);
+    host.mouse(WM_LBUTTONDBLCLK, 5, 5); // takes the capture from itself
+    EXPECT_TRUE(host.manager.IsCaptured());
+    host.take();
+    ::ReleaseCapture();
+    EXPECT_FALSE(host.manager.IsCaptured());
+    EXPECT_EQ(host.take(), "b:14");
+    EXPECT_FALSE(contains(host.manager.GetRoot()->GetPos(), host.probe(L"b").last.mouse));
+    host.mouse(WM_LBUTTONUP, 5, 5);
+    EXPECT_EQ(host.take(), "");
+}
+
 TEST(PaintManager, DoubleClicksRightClicksAndMenus) {
     Host host;
     host.attach(L"<VBox><Probe name=\"a\" menu=\"true\"/></VBox>");

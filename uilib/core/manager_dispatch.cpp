@@ -117,6 +117,7 @@ bool CPaintManagerUI::dispatchInput(UINT message, WPARAM wParam, LPARAM lParam) 
         {WM_LBUTTONDOWN, &CPaintManagerUI::onButtonDown},
         {WM_LBUTTONUP, &CPaintManagerUI::onButtonUp},
         {WM_LBUTTONDBLCLK, &CPaintManagerUI::onDoubleClick},
+        {WM_CAPTURECHANGED, &CPaintManagerUI::onCaptureChanged},
         {WM_RBUTTONDOWN, &CPaintManagerUI::onRightButtonDown},
         {WM_CONTEXTMENU, &CPaintManagerUI::onContextMenu},
         {WM_MOUSEWHEEL, &CPaintManagerUI::onWheel},

@@ -107,8 +107,8 @@ void CPaintManagerUI::SetCapture() {
 }
 
 void CPaintManagerUI::ReleaseCapture() {
+    captured = false; // first: the system tells of the loss at once
     ::ReleaseCapture();
-    captured = false;
 }
 
 void CPaintManagerUI::focusWindowUnlessNoActivate() {

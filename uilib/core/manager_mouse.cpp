@@ -2,6 +2,7 @@
 #include "uilib/core/paint_manager.h"
 
 #include <algorithm>
+#include <utility>
 #include <windowsx.h>
 
 namespace UILib {
@@ -70,12 +71,25 @@ void CPaintManagerUI::onButtonDown(WPARAM wParam, LPARAM lParam) {
 
 void CPaintManagerUI::onButtonUp(WPARAM wParam, LPARAM lParam) {
     mouse = pointOf(lParam);
-    CControlUI* control = click;
+    CControlUI* control = std::exchange(click, nullptr);
+    if (control || captured) // without one the pressed control has gone meanwhile
+        ReleaseCapture();
+    if (control)
+        sendEvent(control, EventButtonUp, wParam, lParam, LOWORD(wParam));
+}
+
+// The system has taken the mouse away, and no release will come: what is pressed gets one
+// far from every control, which ends the press and clicks nothing.
+void CPaintManagerUI::onCaptureChanged(WPARAM, LPARAM lParam) {
+    constexpr POINT nowhere = {-2 * PlaceLimit, -2 * PlaceLimit};
+    if (!captured || reinterpret_cast<HWND>(lParam) == window)
+        return;
+    captured = false;
+    CControlUI* control = std::exchange(click, nullptr);
     if (!control)
         return;
-    click = nullptr;
-    ReleaseCapture();
-    sendEvent(control, EventButtonUp, wParam, lParam, LOWORD(wParam));
+    TUIEvent event = {EventButtonUp, control, GetTickCount(), nowhere};
+    control->Event(event);
 }
 
 void CPaintManagerUI::onDoubleClick(WPARAM wParam, LPARAM lParam) {

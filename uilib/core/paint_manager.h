@@ -179,6 +179,7 @@ private:
     void changeHover(CControlUI* found, WPARAM wParam, LPARAM lParam);
     void onButtonDown(WPARAM wParam, LPARAM lParam);
     void onButtonUp(WPARAM wParam, LPARAM lParam);
+    void onCaptureChanged(WPARAM wParam, LPARAM lParam);
     void onDoubleClick(WPARAM wParam, LPARAM lParam);
     void onRightButtonDown(WPARAM wParam, LPARAM lParam);
     void onWheel(WPARAM wParam, LPARAM lParam);

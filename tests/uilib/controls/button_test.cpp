@@ -53,6 +53,31 @@ TEST(Button, ShowsItsState) {
     EXPECT_EQ(stage.pixel(b, 50, 20), 0x808080u);
 }
 
+// As when another window takes the mouse or a message box comes up: no release follows.
+TEST(Button, IsReleasedWithoutAClickWhenTheMouseIsTakenAway) {
+    Stage stage(button(Colors));
+    CControlUI& b = stage.get(L"b");
+    const HWND other =
+        CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
+    const std::function<void()> ways[] = {[&] { stage.SendMessage(WM_CANCELMODE); },
+                                          [] { ::ReleaseCapture(); }, [&] { ::SetCapture(other); }};
+    for (const auto& takeAway : ways) {
+        stage.mouse(WM_MOUSEMOVE, 50, 20);
+        stage.press(50, 20);
+        ASSERT_EQ(stage.pixel(b, 50, 20), 0xFF0000u);
+        takeAway();
+        EXPECT_FALSE(stage.manager.IsCaptured());
+        EXPECT_EQ(stage.pixel(b, 50, 20), 0x00FF00u);
+        stage.mouse(WM_MOUSEMOVE, 200, 100); // the window follows the mouse again
+        EXPECT_EQ(stage.pixel(b, 50, 20), 0x0000FFu);
+        stage.mouse(WM_LBUTTONUP, 50, 20);
+        EXPECT_EQ(stage.take(), "");
+    }
+    DestroyWindow(other);
+    stage.click(50, 20);
+    EXPECT_EQ(stage.take(), "b!click");
+}
+
 TEST(Button, FallsBackWhenPicturesAreMissing) {
     Stage stage(
         button(L"normalimage=\"color='#FF0000FF'\" hotimage=\"missing.png\" foreimage=\"missing.png\""));

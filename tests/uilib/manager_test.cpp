@@ -376,6 +376,41 @@ TEST(PaintManager, WindowAttributesComeFromTheSkin) {
     root->Delete();
 }
 
+namespace {
+
+struct PaintCounter : IMessageFilterUI {
+    LRESULT MessageHandler(UINT message, WPARAM, LPARAM, bool&) override {
+        paints += message == WM_PAINT;
+        return 0;
+    }
+    int paints = 0;
+};
+
+void pumpFor(Host& host, DWORD milliseconds) {
+    for (const DWORD end = GetTickCount() + milliseconds; GetTickCount() < end; host.pump())
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
+}
+
+} // namespace
+
+TEST(PaintManager, LayeredRestsWhenAllThatChangesIsOutside) {
+    Host host;
+    CControlUI* root = host.attach(TwoProbes);
+    PaintCounter counter;
+    host.manager.AddMessageFilter(&counter);
+    host.manager.SetLayered(true);
+    ASSERT_TRUE(host.manager.IsLayered());
+    pumpFor(host, 50);
+    root->SetPos({0, 0, 5000, 5000}, false);
+    Probe& b = host.probe(L"b");
+    b.SetPos({4000, 4000, 4100, 4100}, false);
+    b.NeedUpdate();
+    counter.paints = 0;
+    pumpFor(host, 200);
+    EXPECT_EQ(counter.paints, 1);
+    EXPECT_FALSE(b.IsUpdateNeeded());
+}
+
 #ifndef VYN_CHECKED // there it ends the program
 TEST(PaintManager, TellsOfCallsFromOtherThreads) {
     static std::vector<std::wstring> lines;

@@ -3,6 +3,8 @@
 #include "uilib/core/render_clip.h"
 #include "uilib/core/render_engine.h"
 
+#include <utility>
+
 namespace UILib {
 
 namespace {
@@ -56,14 +58,18 @@ void CPaintManagerUI::SetOpacity(int alpha) {
         user32Function<decltype(&SetLayeredWindowAttributes)>("SetLayeredWindowAttributes");
     if (!function)
         return;
-    if (layered) {
+    const bool leavesLayers = std::exchange(layered, false);
+    if (leavesLayers) {
         // The system forgets the pixels' alpha only when the style goes and comes again.
         ::KillTimer(window, LayeredRefreshTimer);
         setExtendedStyle(window, WS_EX_LAYERED, false);
-        layered = false;
     }
     setExtendedStyle(window, WS_EX_LAYERED, true);
     function(window, 0, opacity, LWA_ALPHA);
+    if (leavesLayers) { // what was to be composed is to be painted
+        updateRect = {};
+        Invalidate();
+    }
 }
 
 void CPaintManagerUI::SetLayeredOpacity(int alpha) {

@@ -94,8 +94,8 @@ void CPaintManagerUI::paintEmpty() {
 bool CPaintManagerUI::takePaintRect(const RECT& client, RECT& part) {
     if (!layered)
         return GetUpdateRect(window, &part, FALSE);
-    part = intersect(updateRect, client);
-    return !isEmpty(part);
+    part = intersect(updateRect, client); // nothing of it need be inside: a layout may wait
+    return !isEmpty(updateRect);
 }
 
 void CPaintManagerUI::onPaint() {

@@ -139,6 +139,48 @@ TEST(PaintManager, APressEndsWithoutItsControlOrItsCapture) {
     EXPECT_EQ(host.take(), "");
 }
 
+TEST(PaintManager, EventsCarryWhatTheirMessagesSay) {
+    Host host;
+    host.attach(TwoProbes);
+    Probe& a = host.probe(L"a");
+    a.SetFocus();
+    host.SendMessage(WM_SIZE, SIZE_MAXIMIZED, MAKELPARAM(70, 80));
+    EXPECT_EQ(a.last.kind, EventWindowSize);
+    EXPECT_EQ(a.last.wParam, static_cast<WPARAM>(SIZE_MAXIMIZED));
+    EXPECT_EQ(a.last.lParam, MAKELPARAM(70, 80));
+
+    host.paint();
+    host.mouse(WM_LBUTTONDOWN, 5, 5);
+    host.probe(L"b").SetFocus(); // or the last event is the lost focus
+    LRESULT result = 0;
+    host.manager.MessageHandler(WM_CLOSE, 7, 8, result);
+    EXPECT_EQ(a.last.kind, EventButtonUp);
+    EXPECT_EQ(a.last.wParam, 7u);
+    EXPECT_EQ(a.last.lParam, 8);
+    host.mouse(WM_LBUTTONUP, 5, 5);
+
+    BYTE before[256], keys[256] = {};
+    GetKeyboardState(before);
+    keys[VK_SHIFT] = 0x80;
+    SetKeyboardState(keys);
+    ASSERT_TRUE(host.manager.SetTimer(&a, 3, 100000));
+    for (UINT number = 0; number < 255; ++number) // which it got is the manager's affair
+        host.SendMessage(WM_TIMER, number);
+    SetKeyboardState(before);
+    EXPECT_EQ(a.last.kind, EventTimer);
+    EXPECT_TRUE(a.last.keyState & KeyShift);
+
+    POINT pointer, inside = {5, 5};
+    GetCursorPos(&pointer);
+    ClientToScreen(host, &inside);
+    SetCursorPos(inside.x, inside.y);
+    a.flags = FlagSetCursor;
+    host.SendMessage(WM_SETCURSOR, 42, MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+    SetCursorPos(pointer.x, pointer.y);
+    EXPECT_EQ(a.last.kind, EventSetCursor);
+    EXPECT_EQ(a.last.wParam, 42u);
+}
+
 TEST(PaintManager, DoubleClicksRightClicksAndMenus) {
     Host host;
     host.attach(L"<VBox><Probe name=\"a\" menu=\"true\"/></VBox>");

@@ -57,7 +57,7 @@ bool CPaintManagerUI::dispatch(UINT message, WPARAM wParam, LPARAM lParam, LRESU
         runQueue();
         return false;
     case WM_SIZE:
-        onSize();
+        onSize(wParam, lParam);
         return true;
     case WM_PAINT:
         onPaint();
@@ -69,13 +69,13 @@ bool CPaintManagerUI::dispatch(UINT message, WPARAM wParam, LPARAM lParam, LRESU
         onPrintClient(reinterpret_cast<HDC>(wParam), lParam);
         return false;
     case WM_CLOSE:
-        onClose();
+        onClose(wParam, lParam);
         return false;
     case WM_KILLFOCUS:
         onKillWindowFocus(reinterpret_cast<HWND>(wParam));
         return false;
     case WM_SETCURSOR:
-        return onSetCursor(lParam);
+        return onSetCursor(wParam, lParam);
     case WM_MOUSEACTIVATE:
         result = MA_NOACTIVATE;
         return noActivate;
@@ -139,20 +139,20 @@ void CPaintManagerUI::sendEvent(CControlUI* control, EventKind kind, WPARAM wPar
     control->Event(event);
 }
 
-void CPaintManagerUI::onSize() {
+void CPaintManagerUI::onSize(WPARAM wParam, LPARAM lParam) {
     if (focus)
-        sendEvent(focus, EventWindowSize);
+        sendEvent(focus, EventWindowSize, wParam, lParam);
     if (root)
         root->NeedUpdate();
     if (layered)
         Invalidate();
 }
 
-void CPaintManagerUI::onClose() {
+void CPaintManagerUI::onClose(WPARAM wParam, LPARAM lParam) {
     if (hover)
-        sendEvent(hover, EventMouseLeave);
+        sendEvent(hover, EventMouseLeave, wParam, lParam);
     if (click)
-        sendEvent(click, EventButtonUp);
+        sendEvent(click, EventButtonUp, wParam, lParam);
     SetFocus(nullptr, FocusWindow::Yes);
     if (GetActiveWindow() == window) {
         HWND next = GetWindow(window, GW_OWNER);

@@ -137,7 +137,7 @@ void CPaintManagerUI::onWheel(WPARAM wParam, LPARAM lParam) {
     SendMessageW(window, WM_MOUSEMOVE, 0, MAKELPARAM(mouse.x, mouse.y));
 }
 
-bool CPaintManagerUI::onSetCursor(LPARAM lParam) {
+bool CPaintManagerUI::onSetCursor(WPARAM wParam, LPARAM lParam) {
     if (!root || LOWORD(lParam) != HTCLIENT)
         return false;
     if (captured)
@@ -148,7 +148,7 @@ bool CPaintManagerUI::onSetCursor(LPARAM lParam) {
     CControlUI* control = FindControl(point);
     if (!control || !(control->GetControlFlags() & FlagSetCursor))
         return false;
-    sendEvent(control, EventSetCursor, 0, lParam, currentKeyState());
+    sendEvent(control, EventSetCursor, wParam, lParam, currentKeyState());
     return true;
 }
 

@@ -51,7 +51,7 @@ void CPaintManagerUI::onTimer(UINT number, LPARAM lParam) {
         return timer.window == window && timer.number == number && !timer.killed;
     });
     if (hit != timers.end())
-        sendEvent(hit->control, EventTimer, hit->localId, lParam);
+        sendEvent(hit->control, EventTimer, hit->localId, lParam, currentKeyState());
 }
 
 } // namespace UILib

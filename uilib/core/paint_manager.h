@@ -169,8 +169,8 @@ private:
     void sendEvent(CControlUI* control, EventKind kind, WPARAM wParam = 0, LPARAM lParam = 0,
                    WORD keyState = 0, wchar_t key = 0);
     bool reflect(UINT message, WPARAM wParam, LPARAM lParam, HWND child, LRESULT& result);
-    void onSize();
-    void onClose();
+    void onSize(WPARAM wParam, LPARAM lParam);
+    void onClose(WPARAM wParam, LPARAM lParam);
     void onMinMaxInfo(LPARAM lParam) const;
 
     // manager_mouse.cpp
@@ -183,7 +183,7 @@ private:
     void onDoubleClick(WPARAM wParam, LPARAM lParam);
     void onRightButtonDown(WPARAM wParam, LPARAM lParam);
     void onWheel(WPARAM wParam, LPARAM lParam);
-    bool onSetCursor(LPARAM lParam);
+    bool onSetCursor(WPARAM wParam, LPARAM lParam);
     void onContextMenu(WPARAM wParam, LPARAM lParam);
 
     // manager_keys.cpp

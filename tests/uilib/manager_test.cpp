@@ -1,5 +1,7 @@
 #include "tests/uilib/probe.h"
 #include "uilib/controls/container.h"
+#include "uilib/core/dib_surface.h"
+#include "uilib/core/render_engine.h"
 #include "uilib/core/window.h"
 #include "utility/log.h"
 
@@ -416,6 +418,37 @@ TEST(PaintManager, WindowAttributesComeFromTheSkin) {
     EXPECT_EQ(info.ptMaxTrackSize.x, 1000);
     EXPECT_EQ(host.SendMessage(WM_MOUSEACTIVATE, 0, 0), MA_NOACTIVATE);
     root->Delete();
+}
+
+namespace {
+
+LRESULT CALLBACK printRed(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message != WM_PRINT)
+        return DefWindowProcW(window, message, wParam, lParam);
+    CRenderEngine::DrawColor(reinterpret_cast<HDC>(wParam), {0, 0, 10, 10}, 0xFFFF0000);
+    return 0;
+}
+
+} // namespace
+
+// Into a context whose origin is elsewhere already, as of a parent that prints its children.
+TEST(PaintManager, PrintsChildWindowsAtTheirPlace) {
+    Host host;
+    host.attach(L"<VBox bkcolor=\"#FF0000FF\"/>");
+    const HWND child = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE, 30, 40, 10, 10, host,
+                                       nullptr, nullptr, nullptr);
+    SetWindowLongPtrW(child, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(printRed));
+    DibSurface surface(nullptr, 100, 100);
+    SetWindowOrgEx(surface.context(), -20, -10, nullptr);
+    host.SendMessage(WM_PRINTCLIENT, reinterpret_cast<WPARAM>(surface.context()), PRF_CHILDREN);
+    GdiFlush();
+    const auto pixel = [&](int x, int y) { return surface.raster().row(y)[x] & 0xFFFFFF; };
+    EXPECT_EQ(pixel(55, 55), 0xFF0000u);
+    EXPECT_EQ(pixel(35, 45), 0x0000FFu);
+    EXPECT_EQ(pixel(55, 62), 0x0000FFu);
+    POINT origin;
+    GetWindowOrgEx(surface.context(), &origin);
+    EXPECT_EQ(origin.x, -20);
 }
 
 namespace {

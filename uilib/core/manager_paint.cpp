@@ -218,7 +218,7 @@ void CPaintManagerUI::onPrintClient(HDC context, LPARAM flags) {
         GetWindowRect(child, &place);
         MapWindowPoints(HWND_DESKTOP, window, reinterpret_cast<POINT*>(&place), 2);
         POINT origin = {};
-        SetWindowOrgEx(context, -place.left, -place.top, &origin);
+        OffsetWindowOrgEx(context, -place.left, -place.top, &origin);
         SendMessageW(child, WM_PRINT, reinterpret_cast<WPARAM>(context), flags & ~PRF_CHECKVISIBLE);
         SetWindowOrgEx(context, origin.x, origin.y, nullptr);
     }

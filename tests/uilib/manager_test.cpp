@@ -366,6 +366,29 @@ TEST(PaintManager, TimersReachTheirControlUntilKilled) {
     EXPECT_TRUE(waitForTicks(1, 5000));
 }
 
+// Dispatched in a popup that the window owns, a message is none of the window's.
+TEST(PaintManager, FiltersSeeTheMessagesOfChildrenOnly) {
+    struct Counter : IMessageFilterUI {
+        LRESULT MessageHandler(UINT, WPARAM, LPARAM, bool&) override { return ++calls; }
+        int calls = 0;
+    } counter;
+    Host host;
+    host.manager.AddPreMessageFilter(&counter);
+    const auto make = [](DWORD style, HWND parent) {
+        return CreateWindowExW(0, L"STATIC", L"", style, 0, 0, 10, 10, parent, nullptr, nullptr, nullptr);
+    };
+    const HWND popup = make(WS_POPUP, host);
+    MSG message = {};
+    message.hwnd = make(WS_CHILD, popup);
+    message.message = WM_KEYDOWN;
+    EXPECT_FALSE(CPaintManagerUI::TranslateMessage(&message));
+    EXPECT_EQ(counter.calls, 0);
+    message.hwnd = make(WS_CHILD, host);
+    CPaintManagerUI::TranslateMessage(&message);
+    EXPECT_EQ(counter.calls, 1);
+    DestroyWindow(popup);
+}
+
 TEST(PaintManager, NamesFollowTheTree) {
     Host host;
     CControlUI* root = host.attach(TwoProbes);

@@ -233,7 +233,7 @@ bool CPaintManagerUI::TranslateMessage(MSG* message) {
     }
     // A filter may close windows: look again at each step.
     for (size_t i = managers().size(); i-- > 0;) {
-        for (HWND at = message->hwnd; at && i < managers().size(); at = GetParent(at)) {
+        for (HWND at = message->hwnd; at && i < managers().size(); at = GetAncestor(at, GA_PARENT)) {
             if (at != managers()[i]->window)
                 continue;
             if (offer(*managers()[i]))

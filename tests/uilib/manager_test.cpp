@@ -366,6 +366,27 @@ TEST(PaintManager, TimersReachTheirControlUntilKilled) {
     EXPECT_TRUE(waitForTicks(1, 5000));
 }
 
+TEST(PaintManager, ChildrenThatALostFocusRemovesAreNotHidden) {
+    Host host;
+    CControlUI* root =
+        host.attach(L"<VBox><VBox name=\"box\"><Stop name=\"a\"/><Stop name=\"b\"/></VBox></VBox>");
+    auto* box = static_cast<CContainerUI*>(host.manager.FindControl(L"box"));
+    struct Emptier {
+        CContainerUI* box;
+        bool empty(TUINotify& notification) {
+            if (notification.type == L"killfocus")
+                box->RemoveAll();
+            return true;
+        }
+    } emptier{box};
+    Probe &a = host.probe(L"a"), &b = host.probe(L"b");
+    a.OnNotify.Add(&emptier, &Emptier::empty);
+    a.SetFocus();
+    root->SetVisible(false);
+    EXPECT_EQ(box->GetCount(), 0);
+    EXPECT_TRUE(b.IsVisible());
+}
+
 // Dispatched in a popup that the window owns, a message is none of the window's.
 TEST(PaintManager, FiltersSeeTheMessagesOfChildrenOnly) {
     struct Counter : IMessageFilterUI {

@@ -206,8 +206,8 @@ void CComboUI::closeWhenHidden() {
 
 void CComboUI::SetPos(RECT rectangle, bool invalidate) {
     if (!comboWindow)                             // an open popup gives the items their places
-        for (CControlUI* item : items)
-            item->SetPos({}, false);
+        for (size_t i = 0; i < items.size(); ++i) // each tells its listeners
+            items[i]->SetPos({}, false);
     CControlUI::SetPos(rectangle, invalidate);
 }
 

@@ -254,8 +254,8 @@ void CContainerUI::SetInternVisible(bool on) {
 }
 
 void CContainerUI::showChildren() {
-    for (CControlUI* item : items)
-        item->SetInternVisible(IsVisible());
+    for (size_t i = 0; i < items.size(); ++i) // a listener to the lost focus may change them
+        items[i]->SetInternVisible(IsVisible());
 }
 
 void CContainerUI::SetMouseEnabled(bool on) {

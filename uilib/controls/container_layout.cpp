@@ -51,9 +51,9 @@ void CContainerUI::Move(int dx, int dy, bool invalidate) {
     for (Axis axis : {Axis::Vertical, Axis::Horizontal})
         if (CScrollBarUI* bar = visibleBar(axis))
             bar->Move(dx, dy, false);
-    for (CControlUI* item : items)
-        if (item->IsVisible())
-            item->Move(dx, dy, false);
+    for (size_t i = 0; i < items.size(); ++i)
+        if (items[i]->IsVisible())
+            items[i]->Move(dx, dy, false);
 }
 
 bool CContainerUI::Paint(HDC context, const RECT& rectangle, CControlUI* stop) {

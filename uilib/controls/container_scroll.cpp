@@ -85,9 +85,9 @@ void CContainerUI::SetScrollPos(SIZE target) {
     const int dx = scroll(visibleBar(Axis::Horizontal), target.cx);
     if (!dx && !dy)
         return;
-    for (CControlUI* item : items)
-        if (item->IsVisible() && !item->IsFloat())
-            item->Move(-dx, -dy, false);
+    for (size_t i = 0; i < items.size(); ++i) // an edit that leaves the view loses the focus
+        if (items[i]->IsVisible() && !items[i]->IsFloat())
+            items[i]->Move(-dx, -dy, false);
     Invalidate();
 }
 

@@ -83,6 +83,31 @@ TEST(Window, RoutesNotificationsByNameBeforeType) {
     closeAndWait(window);
 }
 
+TEST(Window, AsksEveryVirtualWindowOfANameUntilOneTakesIt) {
+    struct Target : CNotifyPump {
+        explicit Target(const wchar_t* type) : rows{entry(type, L"", &Target::take)}, map{nullptr, rows} {}
+        const MessageMap* GetMessageMap() const override { return &map; }
+        void take(TUINotify&) { ++taken; }
+        Entry rows[1];
+        MessageMap map;
+        int taken = 0;
+    } pages[] = {Target(L"scroll"), Target(L"click"), Target(L"scroll")};
+    SkinWindow window;
+    const wchar_t* names[] = {L"page", L"PAGE", L"Page"};
+    for (size_t i = 0; i < std::size(pages); ++i)
+        EXPECT_TRUE(window.AddVirtualWnd(names[i], &pages[i]));
+    TUINotify notification;
+    notification.virtualWindow = L"pagE";
+    notification.type = L"click";
+    EXPECT_TRUE(window.NotifyPump(notification));
+    EXPECT_EQ(pages[1].taken, 1);
+    notification.type = L"scroll";
+    EXPECT_TRUE(window.NotifyPump(notification));
+    EXPECT_EQ(pages[0].taken + pages[2].taken, 1);
+    notification.type = L"timer";
+    EXPECT_FALSE(window.NotifyPump(notification));
+}
+
 TEST(Window, EscapeClosesAModalWindowWithOne) {
     SkinWindow owner, window;
     ASSERT_TRUE(owner.open());

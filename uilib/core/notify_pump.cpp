@@ -2,6 +2,8 @@
 
 #include "uilib/controls/control.h"
 
+#include <vector>
+
 namespace UILib {
 
 namespace {
@@ -34,15 +36,15 @@ bool CNotifyPump::RemoveVirtualWnd(const CUIString& name) {
 }
 
 bool CNotifyPump::NotifyPump(TUINotify& notification) {
-    if (!notification.virtualWindow.IsEmpty()) {
-        CNotifyPump* target = nullptr;
+    std::vector<CNotifyPump*> targets; // names that differ in case stand side by side
+    if (!notification.virtualWindow.IsEmpty())
         virtualWindows.forEach([&](const CUIString& name, void* object) {
             if (equalNoCase(name, notification.virtualWindow))
-                target = static_cast<CNotifyPump*>(object);
+                targets.push_back(static_cast<CNotifyPump*>(object));
         });
-        if (target && target->dispatch(notification))
+    for (CNotifyPump* target : targets)
+        if (target->dispatch(notification))
             return true;
-    }
     return dispatch(notification);
 }
 

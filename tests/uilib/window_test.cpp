@@ -108,6 +108,52 @@ TEST(Window, AsksEveryVirtualWindowOfANameUntilOneTakesIt) {
     EXPECT_FALSE(window.NotifyPump(notification));
 }
 
+namespace {
+
+// Deletes itself with its window. Its memory is kept and made worthless, so that a use
+// after that does not go unseen.
+class DyingWindow : public SkinWindow {
+public:
+    explicit DyingWindow(UINT deadlyMessage) : deadly(deadlyMessage) {}
+    ~DyingWindow() override { ++deaths; }
+    static void operator delete(void* memory, size_t size) {
+        for (volatile char* at = static_cast<char*>(memory); size > 0; --size)
+            *at++ = '\xCC';
+    }
+    bool armed = false;
+    static inline int deaths = 0;
+
+private:
+    LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (armed && message == deadly) {
+            armed = false;
+            DestroyWindow(window);
+            return 0;
+        }
+        return SkinWindow::HandleMessage(message, wParam, lParam);
+    }
+    void OnFinalMessage(HWND handle) override {
+        SkinWindow::OnFinalMessage(handle);
+        delete this;
+    }
+    UINT deadly;
+};
+
+} // namespace
+
+// What comes in during a command of the system, such as a move, may end the window.
+TEST(Window, MayGoInTheMiddleOfACommandOfTheSystem) {
+    auto* window = new DyingWindow(WM_WINDOWPOSCHANGED);
+    ASSERT_TRUE(window->open());
+    window->ShowWindow();
+    window->SendMessage(WM_SYSCOMMAND, SC_MAXIMIZE);
+    ASSERT_TRUE(IsZoomed(*window));
+    window->armed = true;
+    DyingWindow::deaths = 0;
+    window->SendMessage(WM_SYSCOMMAND, SC_RESTORE);
+    EXPECT_EQ(DyingWindow::deaths, 1);
+}
+
 TEST(Window, EscapeClosesAModalWindowWithOne) {
     SkinWindow owner, window;
     ASSERT_TRUE(owner.open());

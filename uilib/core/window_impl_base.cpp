@@ -222,9 +222,12 @@ LRESULT WindowImplBase::OnSysCommand(UINT message, WPARAM wParam, LPARAM lParam,
         SendMessage(WM_CLOSE);
         return 0;
     }
-    const bool wasZoomed = IsZoomed(window);
+    const HWND handle = window;
+    const bool wasZoomed = IsZoomed(handle);
     const LRESULT result = CWindowWnd::HandleMessage(message, wParam, lParam);
-    if ((IsZoomed(window) != FALSE) != wasZoomed)
+    // The system's loop for moving and sizing runs whatever comes in, also what destroys
+    // this window: then the object is gone.
+    if (IsWindow(handle) && (IsZoomed(handle) != FALSE) != wasZoomed)
         showRestoreButton(wasZoomed);
     return result;
 }

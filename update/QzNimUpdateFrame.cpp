@@ -84,10 +84,13 @@ LRESULT QzNimUpdateFrame::OnClose(UINT, WPARAM, LPARAM, bool& handled) {
     return 0;
 }
 
-void QzNimUpdateFrame::OnFinalMessage(HWND handle) {
+QzNimUpdateFrame::~QzNimUpdateFrame() {
     QzHubUpdateModel& model = QzHubUpdateModel::instance();
     model.onDownloadPercent = nullptr;
     model.onDownloadFailed = nullptr;
+}
+
+void QzNimUpdateFrame::OnFinalMessage(HWND handle) {
     if (onClosed)
         onClosed();
     WindowImplBase::OnFinalMessage(handle);

@@ -20,6 +20,7 @@ public:
     // May be called again with what a later check has found.
     void setUpdateInfo(const std::wstring& version, bool force);
     bool isForced() const { return forced; }
+    ~QzNimUpdateFrame() override;
 
     std::function<void()> onClosed; // the window is gone
 

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
 // Real skinned windows on the display, driven with real messages.
 
 using namespace UILib;
@@ -139,6 +141,17 @@ private:
     UINT deadly;
 };
 
+class RefusingWindow : public DyingWindow {
+public:
+    RefusingWindow() : DyingWindow(WM_NULL) {}
+
+private:
+    LRESULT OnCreate(UINT message, WPARAM wParam, LPARAM lParam, bool& handled) override {
+        SkinWindow::OnCreate(message, wParam, lParam, handled);
+        return -1;
+    }
+};
+
 } // namespace
 
 // What comes in during a command of the system, such as a move, may end the window.
@@ -151,6 +164,18 @@ TEST(Window, MayGoInTheMiddleOfACommandOfTheSystem) {
     window->armed = true;
     DyingWindow::deaths = 0;
     window->SendMessage(WM_SYSCOMMAND, SC_RESTORE);
+    EXPECT_EQ(DyingWindow::deaths, 1);
+}
+
+TEST(Window, StaysTheCallersWhenItIsNotMade) {
+    DyingWindow::deaths = 0;
+    {
+        const auto window = std::make_unique<RefusingWindow>();
+        EXPECT_FALSE(window->open());
+        EXPECT_EQ(DyingWindow::deaths, 0);
+        EXPECT_EQ(window->GetHWND(), nullptr);
+        EXPECT_FALSE(window->gone);
+    }
     EXPECT_EQ(DyingWindow::deaths, 1);
 }
 

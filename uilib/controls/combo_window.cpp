@@ -59,6 +59,7 @@ bool CComboWnd::Init(CComboUI* combo) {
     const RECT place = dropRectangle();
     if (!Create(owner->GetManager()->GetPaintWindow(), L"", WS_POPUP, WS_EX_TOOLWINDOW, place)) {
         common::log("CComboWnd::Init", __LINE__, L"no popup window, error %u", GetLastError());
+        giveBack();
         return false;
     }
     layout->SetPos({0, 0, width(place), height(place)}, false);

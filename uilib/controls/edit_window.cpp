@@ -48,6 +48,10 @@ bool CEditWnd::Init(CEditUI* control) {
 }
 
 void CEditWnd::setUp() {
+    owner->GetManager()->AddNativeWindow(owner, window);
+    const UINT blink = GetCaretBlinkTime();
+    if (blink != INFINITE)
+        ::SetTimer(window, CaretTimer, blink, nullptr);
     const HFONT font = owner->GetManager()->GetFont(owner->GetFont());
     SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
     SendMessage(EM_LIMITTEXT, owner->GetMaxChar());
@@ -73,9 +77,6 @@ bool CEditWnd::isLayered() const {
 
 LRESULT CEditWnd::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-    case WM_CREATE:
-        onCreate();
-        break;
     case WM_KILLFOCUS:
         return onKillFocus(wParam, lParam);
     case WM_CLOSE:
@@ -116,13 +117,6 @@ LRESULT CEditWnd::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         break;
     }
     return CWindowWnd::HandleMessage(message, wParam, lParam);
-}
-
-void CEditWnd::onCreate() {
-    owner->GetManager()->AddNativeWindow(owner, window);
-    const UINT blink = GetCaretBlinkTime();
-    if (blink != INFINITE)
-        ::SetTimer(window, CaretTimer, blink, nullptr);
 }
 
 LRESULT CEditWnd::onKillFocus(WPARAM wParam, LPARAM lParam) {

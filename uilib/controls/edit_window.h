@@ -28,7 +28,6 @@ private:
     void OnFinalMessage(HWND handle) override;
 
     void setUp();
-    void onCreate();
     LRESULT onKillFocus(WPARAM wParam, LPARAM lParam);
     bool keepsFocus() const;
     void onReflectedCommand(WORD code);

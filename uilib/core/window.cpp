@@ -24,8 +24,10 @@ HWND CWindowWnd::Create(HWND parent, const wchar_t* name, DWORD style, DWORD ext
                         int cx, int cy, HMENU menu) {
     if (!(GetSuperClassName() ? registerSuperClass() : registerWindowClass()))
         return nullptr;
+    creating = true; // keeps a window that goes again on the way from deleting the object
     window = CreateWindowExW(extendedStyle, GetWindowClassName(), name, style, x, y, cx, cy, parent, menu,
                              CPaintManagerUI::GetInstance(), this);
+    creating = false;
     return window;
 }
 
@@ -96,7 +98,8 @@ LRESULT CWindowWnd::finish(HWND handle, WPARAM wParam, LPARAM lParam) {
     if (subclassed)
         Unsubclass();
     window = nullptr;
-    OnFinalMessage(handle);
+    if (!creating)
+        OnFinalMessage(handle);
     return result;
 }
 

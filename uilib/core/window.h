@@ -5,7 +5,8 @@
 // The thin wrapper of one system window: class registration, creation, the window
 // procedure, the modal loop, centring. An object is bound to its window from WM_NCCREATE
 // to WM_NCDESTROY; OnFinalMessage is the last call it gets, and where windows of the heap
-// delete themselves. Window thread only.
+// delete themselves. A window that fails while it is created makes no such call: the object
+// stays the caller's. Window thread only.
 
 namespace UILib {
 
@@ -18,7 +19,7 @@ public:
     HWND GetHWND() const { return window; }
     operator HWND() const { return window; }
 
-    // Registers the class if need be. Null when the system refuses.
+    // Registers the class if need be. Null when the system refuses, or the window itself.
     HWND Create(HWND parent, const wchar_t* name, DWORD style, DWORD extendedStyle, int x, int y, int cx,
                 int cy, HMENU menu = nullptr);
     HWND Create(HWND parent, const wchar_t* name, DWORD style, DWORD extendedStyle, const RECT& rectangle);
@@ -53,6 +54,7 @@ private:
 
     WNDPROC oldProc = DefWindowProcW;
     bool subclassed = false;
+    bool creating = false;
 };
 
 } // namespace UILib

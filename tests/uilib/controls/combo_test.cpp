@@ -1,4 +1,5 @@
 #include "kit/process_counts.h"
+#include "refused_windows.h"
 #include "stage.h"
 #include "uilib/controls/combo.h"
 #include "uilib/controls/list_element.h"
@@ -276,6 +277,19 @@ TEST(Combo, StaysOpenWhenAskedTo) {
     stage.pump();
     EXPECT_TRUE(stage.control().IsOpen());
     EXPECT_EQ(stage.control().GetCurSel(), 2);
+}
+
+// The system may give no window, or take it back before it is whole.
+TEST(Combo, KeepsItsItemsWhenThePopupCannotBeMade) {
+    ComboStage stage(combo(3));
+    {
+        const RefusedWindows refused(L"ComboWnd");
+        EXPECT_FALSE(stage.control().Activate());
+    }
+    EXPECT_FALSE(stage.control().IsOpen());
+    EXPECT_TRUE(stage.itemsAreBack());
+    stage.open();
+    EXPECT_TRUE(stage.control().IsOpen());
 }
 
 TEST(Combo, LeaksNothing) {

@@ -1,3 +1,4 @@
+#include "refused_windows.h"
 #include "stage.h"
 #include "uilib/controls/container.h"
 #include "uilib/controls/edit.h"
@@ -82,6 +83,18 @@ TEST(Edit, KeepsItsWindowWhenItsEdgeIsClicked) {
     stage.click(1, 1);
     EXPECT_EQ(GetFocus(), stage.get<CEditUI>(L"e").GetNativeWindow());
     EXPECT_NE(GetFocus(), nullptr);
+}
+
+TEST(Edit, StaysUsableWhenItsWindowCannotBeMade) {
+    Stage stage(edit(L"text=\"abc\""));
+    CEditUI& e = stage.get<CEditUI>(L"e");
+    {
+        const RefusedWindows refused(L"EditWnd");
+        stage.click(10, 15);
+        EXPECT_EQ(e.GetNativeWindow(), nullptr);
+    }
+    stage.click(10, 15);
+    EXPECT_NE(e.GetNativeWindow(), nullptr);
 }
 
 TEST(Edit, FollowsItsControl) {

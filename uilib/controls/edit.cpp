@@ -183,9 +183,10 @@ void CEditUI::Move(int dx, int dy, bool invalidate) {
     placeWindow();
 }
 
-SIZE CEditUI::EstimateSize(SIZE) {
-    const int fixedHeight = GetFixedHeight();
-    return {GetFixedWidth(), fixedHeight || !manager ? fixedHeight : fontHeight() + LineMargin};
+SIZE CEditUI::EstimateSize(SIZE available) {
+    if (GetFixedHeight() > 0 || !manager)
+        return CLabelUI::EstimateSize(available);
+    return {GetFixedWidth(), fontHeight() + LineMargin};
 }
 
 void CEditUI::openWindow() {

@@ -97,6 +97,17 @@ TEST(Edit, StaysUsableWhenItsWindowCannotBeMade) {
     EXPECT_NE(e.GetNativeWindow(), nullptr);
 }
 
+TEST(Edit, IsAsWideAsItsTextWhereOnlyTheHeightIsFixed) {
+    Stage stage(
+        L"<Edit name=\"e\" height=\"30\" text=\"some words\"/><Edit name=\"f\" text=\"some words\"/>");
+    const SIZE fixed = stage.get(L"e").EstimateSize({300, 200}),
+               free = stage.get(L"f").EstimateSize({300, 200});
+    EXPECT_EQ(fixed.cy, 30);
+    EXPECT_GT(fixed.cx, 20);
+    EXPECT_EQ(free.cx, 0);
+    EXPECT_GT(free.cy, 8);
+}
+
 TEST(Edit, FollowsItsControl) {
     Stage stage(edit(L"textpadding=\"4,3,4,3\""));
     CEditUI& e = stage.get<CEditUI>(L"e");

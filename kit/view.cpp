@@ -70,10 +70,8 @@ bool ViewWindow::open(const std::wstring& file, const std::wstring& languageCode
 // A file that does not load leaves the last good tree and tells why in the title.
 bool ViewWindow::load() {
     UILib::CDialogBuilder builder;
-    origins.clear();
-    applyLanguageFont(paintManager);
-    CControlUI* tree = builder.Create(name.c_str(), nullptr, &origins, &paintManager, nullptr);
-    if (!tree) {
+    CControlUI* trial = builder.Create(name.c_str()); // without the manager, which so keeps its fonts
+    if (!trial) {
         const auto& markup = builder.GetMarkup();
         const std::wstring reason =
             std::wstring(markup.GetLastErrorMessage()) + L" at " + markup.GetLastErrorLocation();
@@ -81,6 +79,11 @@ bool ViewWindow::load() {
         setTitle(reason);
         return false;
     }
+    trial->Delete();
+    origins.clear();
+    paintManager.GetResourceTables().Clear();
+    applyLanguageFont(paintManager);
+    CControlUI* tree = builder.Create(&origins, &paintManager, nullptr);
     paintManager.AttachDialog(tree);
     tree->OnPostPaint.Add(this, &ViewWindow::paintInspector);
     paintManager.AddPostPaint(tree);
@@ -100,7 +103,6 @@ void ViewWindow::reloadWhenChanged() {
            FindNextChangeNotification(change.get())) {
     }
     useSkinOf(path, language); // the table of texts may be what has changed
-    paintManager.GetResourceTables().Clear();
     load();
 }
 

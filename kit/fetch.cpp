@@ -1,12 +1,11 @@
 #include "kit/command.h"
 #include "kit/console.h"
 #include "utility/curl_downloader.h"
+#include "utility/curl_library.h"
 #include "utility/encoding.h"
 #include "utility/files.h"
 #include "utility/http_downloader.h"
 #include "utility/log.h"
-
-#include <curl/curl.h>
 
 #include <cstdio>
 
@@ -57,11 +56,11 @@ bool fetchWithWininet(const std::wstring& url, const std::wstring& path, bool re
 bool fetchWithCurl(const std::wstring& url, const std::wstring& path, bool resume) {
     if (!resume && utility::ufile::isExist(path))
         utility::ufile::removeFile(path);
-    curl_global_init(CURL_GLOBAL_ALL);
+    utility::CurlLibrary::start();
     bool done = utility::QzCurlDownloader::downloadFile(
         utility::wideToAnsi(path), utility::wideToAnsi(url),
         [](int, int downloaded, int total) { printProgress(downloaded, total); });
-    curl_global_cleanup();
+    utility::CurlLibrary::end();
     return done;
 }
 

@@ -1,5 +1,6 @@
 #include "utility/curl_downloader.h"
 
+#include "utility/curl_library.h"
 #include "utility/encoding.h"
 #include "utility/files.h"
 #include "utility/handles.h"
@@ -135,6 +136,11 @@ bool fail(const char* function, CURLcode code, const std::string& url) {
     return false;
 }
 
+bool refuse(const char* function) {
+    common::log(function, __LINE__, L"curl has ended");
+    return false;
+}
+
 // The size behind the slash of "Content-Range: bytes */SIZE".
 std::optional<uint64_t> sizeAtServer(CURL* curl) {
     curl_header* header = nullptr;
@@ -174,6 +180,9 @@ bool settleResume(CURL* curl, CURLcode code, HANDLE file, uint64_t startSize) {
 bool QzCurlDownloader::downloadMemory(const std::string& url, std::string& body) {
     constexpr const char* function = "QzCurlDownloader::downloadMemory";
     common::log(function, __LINE__, L"QzCurlDownloader::downloadMemory start");
+    const CurlLibrary::Transfer transfer;
+    if (!transfer)
+        return refuse(function);
     CurlHandle curl(curl_easy_init());
     if (!curl) {
         common::log(function, __LINE__, L"curl init error");
@@ -194,6 +203,9 @@ bool QzCurlDownloader::downloadFile(const std::string& path, const std::string& 
                                     const Progress& progress) {
     constexpr const char* function = "QzCurlDownloader::downloadFile";
     common::log(function, __LINE__, L"QzCurlDownloader::downloadfile start");
+    const CurlLibrary::Transfer transfer;
+    if (!transfer)
+        return refuse(function);
     uint64_t startSize = ufile::sizeOfPartial(path);
     common::log(function, __LINE__, L"start size %d", static_cast<int>(startSize));
     FileOwner file(CreateFileA(path.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,

@@ -4,8 +4,8 @@
 #include <string>
 
 // One transfer with libcurl, into memory or into a file. Synchronous: call it on a
-// worker. Keeps no state; calls may run side by side. curl_global_init is the
-// entrance's business. Text is in the system code page.
+// worker. Keeps no state; calls may run side by side, from CurlLibrary's start to its end.
+// Text is in the system code page.
 //
 // An HTTP error status is no failure here: the body of the error page is the result,
 // and judging it is up to the caller.

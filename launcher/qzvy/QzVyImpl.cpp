@@ -8,6 +8,7 @@
 #include "shell/QzVySetupImpl.h"
 #include "uilib/core/paint_manager.h"
 #include "update/QzHubUpdateModel.h"
+#include "utility/curl_library.h"
 #include "utility/files.h"
 #include "utility/log.h"
 #include "utility/log_writer.h"
@@ -18,7 +19,6 @@
 #include <winsock2.h>
 
 #include <commctrl.h>
-#include <curl/curl.h>
 #include <ole2.h>
 #include <shellapi.h>
 
@@ -96,7 +96,7 @@ int QzVyImpl::entrance(HINSTANCE instance) {
 void QzVyImpl::startServices(const std::wstring& logFolder) {
     common::startServices();
     common::LogWriter::start(logFolder + L"\\main.log");
-    curl_global_init(CURL_GLOBAL_ALL);
+    CurlLibrary::start();
 }
 
 void QzVyImpl::loadSkin(HINSTANCE instance) {
@@ -120,7 +120,7 @@ void QzVyImpl::runFirstInstance() {
     RemoveFontResourceW(font.c_str());
     // A program that is started from here on finds the name free.
     instanceMutex.reset();
-    curl_global_cleanup();
+    CurlLibrary::end();
     if (trayIcon)
         trayIcon->removeTrayIcon();
 }
@@ -178,7 +178,7 @@ void QzVyImpl::handOver() {
     const bool needUpdate = update.needUpdate;
     const std::wstring program = update.getPackagePath();
     common::log(Entrance, __LINE__, L"It is needUpdate : %d, path %s", needUpdate, program.c_str());
-    curl_global_cleanup();
+    CurlLibrary::end();
     common::log(Entrance, __LINE__, L"*********************** qznim end ****************");
     common::stopServices();
     if (!needUpdate || program.empty())

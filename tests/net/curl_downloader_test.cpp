@@ -1,18 +1,20 @@
 #include "tests/net/net_fixture.h"
 #include "utility/curl_downloader.h"
+#include "utility/curl_library.h"
 #include "utility/encoding.h"
 #include "utility/handles.h"
 
-#include <curl/curl.h>
+#include <future>
 
+using utility::CurlLibrary;
 using utility::QzCurlDownloader;
 
 namespace {
 
 class CurlDownloader : public NetTest {
 protected:
-    static void SetUpTestSuite() { curl_global_init(CURL_GLOBAL_ALL); }
-    static void TearDownTestSuite() { curl_global_cleanup(); }
+    static void SetUpTestSuite() { CurlLibrary::start(); }
+    static void TearDownTestSuite() { CurlLibrary::end(); }
     void SetUp() override {
         NetTest::SetUp();
         server.publish("/file", body);
@@ -158,6 +160,29 @@ TEST_F(CurlDownloader, aLockedTargetFails) {
     EXPECT_FALSE(fetch());
     EXPECT_EQ(logged(L"open file error  error:32"), 1);
     EXPECT_TRUE(server.requests().empty());
+}
+
+// As at the end of the program, with workers that nobody joins.
+TEST_F(CurlDownloader, theLibraryStaysWhileATransferRuns) {
+    spoil("hang,,1");
+    std::string hung, more = "old";
+    auto transfer = std::async(std::launch::async,
+                               [&] { return QzCurlDownloader::downloadMemory(server.url("/file"), hung); });
+    ASSERT_TRUE(waitFor([&] { return !server.requests().empty(); }));
+    CurlLibrary::end();
+    CurlLibrary::end();
+    EXPECT_EQ(logged(L"transfers under way: 1, the library stays"), 2);
+    EXPECT_FALSE(QzCurlDownloader::downloadMemory(server.url("/file"), more));
+    EXPECT_FALSE(fetch());
+    EXPECT_EQ(server.requests().size(), 1u);
+    EXPECT_EQ(more, "old");
+
+    server.stop(); // ends the wait
+    EXPECT_FALSE(transfer.get());
+    CurlLibrary::end();
+    EXPECT_EQ(logged(L"the library stays"), 2);
+    EXPECT_EQ(logged(L"curl has ended"), 2);
+    CurlLibrary::start();
 }
 
 TEST_F(CurlDownloader, takesTargetsOfTheSystemsCodePage) {

@@ -1,9 +1,8 @@
 #include "kit/process_counts.h"
 #include "tests/net/net_fixture.h"
 #include "utility/curl_downloader.h"
+#include "utility/curl_library.h"
 #include "utility/encoding.h"
-
-#include <curl/curl.h>
 
 namespace {
 
@@ -12,10 +11,10 @@ protected:
     void SetUp() override {
         NetTest::SetUp();
         server.publish("/file", patternBytes(200000));
-        curl_global_init(CURL_GLOBAL_ALL);
+        utility::CurlLibrary::start();
     }
     void TearDown() override {
-        curl_global_cleanup();
+        utility::CurlLibrary::end();
         NetTest::TearDown();
     }
 

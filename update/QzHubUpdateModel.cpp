@@ -101,6 +101,7 @@ void QzHubUpdateModel::postCheckResult(const Update& update) {
 
 void QzHubUpdateModel::startDownload() {
     downloadClient.stop();
+    needUpdate = false; // what an earlier download brought goes
     wanted = found;
     using Download = common::MemberFuncRunable<QzHubUpdateModel>;
     if (!startWorker(downloadClient, new Download(this, &QzHubUpdateModel::_threadDownloadPlayer)))

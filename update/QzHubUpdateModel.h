@@ -40,6 +40,7 @@ public:
 
     bool onHttpDownload(const void* data, uint32_t length, uint32_t received, uint32_t total) override;
 
+    // Belongs to the download worker until needUpdate is set.
     std::wstring getPackagePath() const { return packagePath; }
 
     // Empty version: no update. Set by the main window.
@@ -55,7 +56,8 @@ public:
     utility::CHttpDownloader checkClient;
     utility::CHttpDownloader downloadClient;
 
-    // Set on the download worker after packagePath, once the program is complete.
+    // Set on the download worker after packagePath, once the program is complete; taken
+    // back when another download starts.
     std::atomic<bool> needUpdate = false;
 
 private:

@@ -176,7 +176,8 @@ void QzVyImpl::runMessageLoop() {
 void QzVyImpl::handOver() {
     const QzHubUpdateModel& update = QzHubUpdateModel::instance();
     const bool needUpdate = update.needUpdate;
-    const std::wstring program = update.getPackagePath();
+    // Before the flag is set, a worker that nobody has joined may be writing the path.
+    const std::wstring program = needUpdate ? update.getPackagePath() : std::wstring();
     common::log(Entrance, __LINE__, L"It is needUpdate : %d, path %s", needUpdate, program.c_str());
     CurlLibrary::end();
     common::log(Entrance, __LINE__, L"*********************** qznim end ****************");

@@ -162,6 +162,11 @@ TEST_F(UpdateModel, aDownloadThatFailsThreeTimesSaysSoAndMayBeTriedAgain) {
     ASSERT_TRUE(pumpUntil([this] { return model->needUpdate.load(); }));
     EXPECT_EQ(failures, 1);
     EXPECT_TRUE(readFile(program()) == body);
+
+    spoil("hang");
+    model->startDownload();
+    ASSERT_TRUE(pumpUntil([this] { return !utility::ufile::isExist(program()); }));
+    EXPECT_FALSE(model->needUpdate) << "there is nothing to hand over to";
 }
 
 TEST_F(UpdateModel, aCancelledDownloadTellsNobodyAndACancelledCheckIsOver) {

@@ -19,7 +19,7 @@ struct WindowRecord {
     uint32_t style;
     uint32_t styleEx;
     int x, y, width, height; // pixels of the parent's client area
-    COLORREF color;          // until a page is there
+    uint32_t color;          // 0xRRGGBB, until a page is there
 };
 static_assert(sizeof(WindowRecord) == 36);
 

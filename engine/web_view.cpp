@@ -228,9 +228,7 @@ void WebView::paint() {
         if (page)
             page->paint(bitmap, surface, scroll);
         else
-            Raster(bitmap).fill({0, 0, bitmap.width, bitmap.height}, 0,
-                                0xFF000000 | GetRValue(color) << 16 | GetGValue(color) << 8 |
-                                    GetBValue(color));
+            Raster(bitmap).fill({0, 0, bitmap.width, bitmap.height}, 0, 0xFF000000 | color);
         Raster(bitmap).fill(scrollThumb(), 3, ThumbColor);
         dirty = false;
     }

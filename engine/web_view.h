@@ -32,7 +32,7 @@ public:
     void setLoadUrlBegin(LoadUrlBegin callback, void* parameter);
 
 private:
-    explicit WebView(COLORREF color) : color(color) {}
+    explicit WebView(uint32_t color) : color(color) {}
 
     static void registerClass();
     static LRESULT CALLBACK windowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
@@ -55,7 +55,7 @@ private:
     Rect scrollThumb() const; // empty when the page fits
 
     HWND window = nullptr;
-    COLORREF color;
+    uint32_t color; // 0xRRGGBB
     std::wstring userAgent;
     DocumentReady documentReady = nullptr;
     void* documentReadyParameter = nullptr;

@@ -17,7 +17,7 @@ constexpr char UserAgent[] = "Mozilla/5.0 (Windows NT 6.1) AppleWebKit/537.36 (K
 constexpr int Left = 42, Width = 752;
 constexpr int BannerTop = 187, BannerHeight = 344, SmallBannerTop = 63;
 constexpr int NewsTop = 545, NewsHeight = 132, SmallNewsTop = 421;
-constexpr COLORREF FrameColor = 0xBBD5F4;
+constexpr uint32_t FrameColor = 0xBBD5F4;
 
 void __cdecl showPanel(wkeWebView view, void*) {
     wkeShowWindow(view, true);

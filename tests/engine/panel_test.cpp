@@ -107,6 +107,7 @@ TEST_F(Panel, isHiddenAtItsPlaceUntilItIsShownAndMoves) {
     EXPECT_FALSE(IsWindowVisible(window));
     wkeShowWindow(view, true);
     EXPECT_TRUE(IsWindowVisible(window));
+    EXPECT_EQ(pixel(5, 5), RGB(0xBB, 0xD5, 0xF4));
     wkeMoveWindow(view, 30, 40, 100, 50);
     GetWindowRect(window, &place);
     MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&place), 2);

@@ -25,7 +25,7 @@ struct wkeWindowCreateInfo {
     int y;
     int width;
     int height;
-    COLORREF color; // until a page is there
+    uint32_t color; // 0xRRGGBB, until a page is there
 };
 
 using wkeCallback = void(__cdecl*)();

@@ -85,7 +85,7 @@ void* Script::reallocate(void* self, void* block, size_t size) {
 }
 
 Script::Script(std::vector<NativeFunction> functions) : functions(std::move(functions)) {
-    deadline = Clock::now() + limits::ScriptTime;
+    renewLimits();
     const duk_fatal_function fatal = [](void*, const char*) { std::abort(); };
     context = duk_create_heap(allocate, reallocate, release, this, fatal);
     if (!context)
@@ -125,6 +125,9 @@ int Script::callNative(duk_hthread* context) {
     duk_memory_functions memory;
     duk_get_memory_functions(context, &memory);
     auto& script = *static_cast<Script*>(memory.udata);
+    if (script.nativeCalls == limits::NativeCalls)
+        return duk_generic_error(context, "too many calls");
+    script.nativeCalls++;
     const NativeFunction& function = script.functions[static_cast<size_t>(duk_get_current_magic(context))];
     const auto count = std::min(static_cast<unsigned>(duk_get_top(context)), function.argumentCount);
     for (unsigned i = 0; i < count; i++)
@@ -145,18 +148,31 @@ int Script::callNative(duk_hthread* context) {
 }
 
 bool Script::run(std::string_view source) {
+    if (!running)
+        renewLimits();
     return execute(source);
 }
 
 bool Script::runHandler(std::string_view body) {
-    return execute("(function(){" + std::string(body) + "\n})()");
+    return run("(function(){" + std::string(body) + "\n})()");
+}
+
+void Script::runTogether(const std::vector<std::string>& sources) {
+    if (!running)
+        renewLimits();
+    for (const std::string& source : sources)
+        execute(source);
+}
+
+void Script::renewLimits() {
+    deadline = Clock::now() + limits::ScriptTime;
+    nativeCalls = 0;
 }
 
 bool Script::execute(std::string_view source) {
     if (!context || running)
         return false;
     running = true;
-    deadline = Clock::now() + limits::ScriptTime;
     const duk_safe_call_function evaluate = [](duk_context* context, void* text) -> duk_ret_t {
         const auto& source = *static_cast<const std::string_view*>(text);
         duk_eval_lstring_noresult(context, source.data(), source.size());

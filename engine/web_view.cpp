@@ -189,8 +189,7 @@ void WebView::showDocument(LoadedDocument loaded) {
     orderImages();
     const ViewHandle self = handle();
     const std::shared_ptr<Script> running = script;
-    for (const std::string& source : std::vector(page->scripts()))
-        running->run(source);
+    running->runTogether(std::vector(page->scripts()));
     if (find(self) && script == running && documentReady)
         documentReady(self, documentReadyParameter);
 }

@@ -50,6 +50,24 @@ TEST_F(Scripts, endsWhatNeverWouldAndGoesOn) {
     EXPECT_EQ(calls.size(), std::size(hostile));
 }
 
+TEST_F(Scripts, openOnlySoManyAddresses) {
+    using engine::limits::NativeCalls;
+    EXPECT_FALSE(script.run("for(;;) PCOpenUrl('x')"));
+    EXPECT_EQ(calls.size(), NativeCalls);
+    EXPECT_FALSE(script.run("for(;;) try { PCOpenUrl('x') } catch (e) {}"));
+    EXPECT_EQ(calls.size(), 2 * NativeCalls);
+    script.runTogether({"for(;;) PCOpenUrl('x')", "PCOpenUrl('x')"});
+    EXPECT_EQ(calls.size(), 3 * NativeCalls);
+}
+
+TEST_F(Scripts, ofOnePageShareItsTime) {
+    const auto begin = std::chrono::steady_clock::now();
+    script.runTogether(std::vector<std::string>(100, "for(;;);"));
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
+    script.runTogether({"throw 1", "PCOpenUrl('next')"});
+    EXPECT_EQ(calls, std::vector<std::string>{"next"});
+}
+
 TEST(ScriptsWithin, doNotRunInsideOfOneAnother) {
     Script* self = nullptr;
     bool inner = true;

@@ -51,13 +51,14 @@ bool loadEngine() {
     common::log(InitFunction, __LINE__, L"wkeInitialize start");
     const int result = wkeInitialize();
     common::log(InitFunction, __LINE__, L"wkeInitialize ret %d", result);
-    return result != 0 && wkeCreateWebCustomWindow;
+    return result != 0 && wkeHasAllCalled();
 }
 
 } // namespace
 
 jsValue __cdecl CallOpenUrl(jsExecState execState, void*) {
-    const std::wstring url = jsToStringW(execState, jsArg(execState, 0));
+    const wchar_t* text = jsToStringW(execState, jsArg(execState, 0));
+    const std::wstring url = text ? text : L"";
     common::log("CallOpenUrl", __LINE__, L"web jump: %s", url.c_str());
     if (isWebAddress(url))
         usystem::openUrl(url);

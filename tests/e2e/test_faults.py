@@ -1,4 +1,6 @@
-from scene import PACKAGE, Scene, main, wait_for
+import shutil
+
+from scene import BIN, PACKAGE, Scene, main, wait_for
 
 
 class Faults(Scene):
@@ -39,6 +41,18 @@ class Faults(Scene):
         self.launcher.kill()
         self.install()
         self.assert_installed()
+
+    def test_engine_that_lacks_a_function_leaves_the_panels_empty(self):
+        shutil.copy(BIN / "node_without_wkeOnLoadUrlEnd.dll", self.launcher.folder / "node.dll")
+        self.launcher.start_unseen()
+        wait_for(lambda: self.stage.display.window("wkeOnLoadUrlEnd"), 20, "the box that names it")
+        self.keys("Return")
+        wait_for(self.launcher.window, 20, "the launcher's window")
+        self.launcher.wait_log("start check version")  # a fault would have cut the start short
+        self.launcher.click(self.launcher.START)
+        self.launcher.wait_log("\\driverconfig.exe]", 120)
+        self.assert_installed()
+        self.assertNotIn("/PCpic", self.publisher.requests())
 
 
 if __name__ == "__main__":

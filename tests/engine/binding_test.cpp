@@ -62,14 +62,23 @@ TEST(Binding, failsQuietlyAndTellsWhatALibraryLacks) {
     const std::wstring missing = beside(L"no_such_engine.dll");
     wkeLibraryPath = missing.c_str();
     EXPECT_EQ(wkeInitialize(), 0);
+    wkeLibraryPath = L"msacm32.dll"; // of the system, and no web engine
+    EXPECT_EQ(wkeInitialize(), 0);
+    EXPECT_EQ(GetModuleHandleW(wkeLibraryPath), nullptr);
     EXPECT_EQ(wkeCreateWebCustomWindow, nullptr);
+    EXPECT_FALSE(wkeHasAllCalled());
 
-    const std::wstring partial = beside(L"node_without_wkeGC.dll");
+    const std::wstring partial = beside(L"node_without_wkeOnLoadUrlEnd.dll");
     wkeLibraryPath = partial.c_str();
     EXPECT_EQ(wkeInitialize(), 1);
-    EXPECT_EQ(boxes.stop(), "wkeGC;");
-    EXPECT_EQ(wkeGC, nullptr);
-    EXPECT_NE(wkeVersion, nullptr);
+    EXPECT_EQ(boxes.stop(), "wkeOnLoadUrlEnd;");
+    EXPECT_EQ(wkeOnLoadUrlEnd, nullptr);
+    EXPECT_NE(wkeShutdown, nullptr);
     EXPECT_NE(jsUndefined, nullptr);
     EXPECT_NE(jsGetCallstack, nullptr); // the last of the list
+    EXPECT_FALSE(wkeHasAllCalled());
+    wkeOnLoadUrlEnd = wkeOnCreateView;
+    EXPECT_TRUE(wkeHasAllCalled());
+    wkeGC = nullptr; // is only looked up
+    EXPECT_TRUE(wkeHasAllCalled());
 }

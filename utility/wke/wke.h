@@ -44,6 +44,10 @@ using wkeUncalled = void(__cdecl*)(); // looked up only; its shape is not known 
 // Where the library is. The text has to outlive wkeInitialize.
 extern const wchar_t* wkeLibraryPath;
 
-// 1 when the library was loaded and the pointers are filled, 0 when it cannot be loaded. A
-// function that it lacks is told in a message box, and its pointer stays null.
+// 1 when the library was loaded and the pointers are filled, 0 when it cannot be loaded or
+// is no web engine. A function that it lacks is told in a message box, and its pointer
+// stays null.
 int wkeInitialize();
+
+// Whether all functions that have a shape here, so that somebody may call them, are bound.
+bool wkeHasAllCalled();

@@ -34,6 +34,13 @@ bool isOwnedBy(HWND window, HWND owner) {
     return window != nullptr;
 }
 
+// A menu or a list: open while its owner's user chooses. A dialog may have the same style,
+// but disables its owner.
+bool isPassing(HWND window) {
+    const HWND owner = GetWindow(window, GW_OWNER);
+    return owner && IsWindowEnabled(owner) && GetWindowLongW(window, GWL_EXSTYLE) & WS_EX_TOOLWINDOW;
+}
+
 bool isToolTip(HWND window) {
     wchar_t name[64] = {};
     GetClassNameW(window, name, std::size(name));
@@ -43,13 +50,13 @@ bool isToolTip(HWND window) {
 BOOL CALLBACK isDialog(HWND window, LPARAM parameter) {
     DialogSearch& search = *reinterpret_cast<DialogSearch*>(parameter);
     if (!IsWindowVisible(window) || !IsWindowEnabled(window) || !isOwnedBy(window, search.owner) ||
-        isToolTip(window))
+        isToolTip(window) || isPassing(window))
         return TRUE;
     search.found = window;
     return FALSE;
 }
 
-// The topmost window of the owner's, or of its dialogs', that answers the user.
+// The topmost that answers the user, of the owner, its windows and theirs.
 HWND findDialog(HWND owner) {
     DialogSearch search = {owner};
     EnumWindows(isDialog, reinterpret_cast<LPARAM>(&search));
@@ -104,11 +111,9 @@ void bringToFront(HWND window) {
 
 void bringToFrontWithDialog(HWND window) {
     bringToFront(window);
-    if (IsWindowEnabled(window))
-        return;
     if (IsIconic(window)) // a disabled window need not obey the system command
         ShowWindow(window, SW_RESTORE);
-    if (const HWND dialog = findDialog(window)) {
+    if (const HWND dialog = findDialog(window); dialog && dialog != window) {
         SetForegroundWindow(dialog);
         BringWindowToTop(dialog);
     }

@@ -25,8 +25,8 @@ bool admitMessage(UINT message);
 // Restores a minimised window, raises it and gives it the focus.
 void bringToFront(HWND window);
 
-// The same for a window that a modal dialog may have disabled: the dialog stays in front
-// of it and gets the focus.
+// The same for a window that has others of its own, which may have disabled it: the one
+// that was in front of it stays there and gets the focus.
 void bringToFrontWithDialog(HWND window);
 
 // Opens the address in the user's browser.

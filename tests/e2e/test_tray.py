@@ -1,6 +1,6 @@
 import time
 
-from scene import ROOT, main, wait_for
+from scene import BOX, ROOT, SETTINGS, main, wait_for
 from tray_scene import TrayScene
 
 
@@ -114,6 +114,24 @@ class SecondStart(TrayScene):
             programs = [title for title in self.display.stacking() if title != "panel"]
             return len(programs) == 3 and programs[-1] == "Browse for Folder"
         wait_for(dialog_in_front, 10, "the folder chooser in front")
+
+    # Who has the keyboard is not to be seen on this stage: its window manager gives it to the
+    # main window a moment after that has come back. Nor does it take that along from behind
+    # other programs when a window of its own stands before it.
+    def test_settings_and_their_question_come_forward(self):
+        self.start()
+        for leave in (self.minimise, self.hide):
+            for kind, open_it in ((SETTINGS, self.open_settings), (BOX, self.ask_for_restart)):
+                with self.subTest(f"{kind[0]}, {leave.__name__}"):
+                    open_it()
+                    leave()
+                    self.second_start()
+                    self.wait_in_front()
+                    self.wait_on_top(kind)
+                    self.press(kind, "closebtn")
+                    self.wait_closed(kind)
+            self.press(SETTINGS, "closebtn")
+            self.wait_closed(SETTINGS)
 
     def test_program_ends_from_the_menu_with_a_dialog_open(self):
         self.start()

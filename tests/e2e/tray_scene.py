@@ -53,6 +53,14 @@ class TrayScene(Scene):
         self.launcher.click(self.launcher.BROWSE)
         self.wait_focus("Browse for Folder")
 
+    def ask_for_restart(self):
+        self.open_settings()
+        self.choose_language()
+
+    def wait_on_top(self, kind):
+        """A window of the launcher's is in front of its others."""
+        wait_for(lambda: self.windows()[0].name == kind[0], 10, f"{kind[0]} above the other windows")
+
     def click_icon(self, button=1, heard="mouse LButtonDown"):
         """Once more where the notification area has swallowed the click: the launcher logs
         what reaches it."""

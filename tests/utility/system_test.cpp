@@ -106,8 +106,18 @@ TEST_F(Modal, AMinimisedOwnerComesBackWithItsDialog) {
     EXPECT_TRUE(comesForward(dialog));
 }
 
-TEST_F(Modal, AnEnabledWindowTakesTheFocusItself) {
+TEST_F(Modal, AWindowThatDisablesNobodyComesForwardLikeADialog) {
     EnableWindow(window, TRUE);
+    SetForegroundWindow(other);
+    bringToFrontWithDialog(window);
+    EXPECT_TRUE(comesForward(dialog));
+}
+
+TEST_F(Modal, AnOpenMenuIsNotTalkedTo) {
+    EnableWindow(window, TRUE);
+    DestroyWindow(dialog);
+    EXPECT_TRUE(IsWindowVisible(open(window, WS_EX_TOOLWINDOW | WS_EX_TOPMOST)));
+    SetForegroundWindow(other);
     bringToFrontWithDialog(window);
     EXPECT_TRUE(comesForward(window));
 }

@@ -215,8 +215,9 @@ bool QzCurlDownloader::downloadFile(const std::string& path, const std::string& 
                     ansiToWide(path).c_str());
         return false;
     }
-    if (startSize > 0)
-        SetFilePointer(file.get(), 0, nullptr, FILE_END);
+    LARGE_INTEGER start = {}; // the end, unless another session's launcher writes there, too
+    start.QuadPart = static_cast<LONGLONG>(startSize);
+    SetFilePointerEx(file.get(), start, nullptr, FILE_BEGIN);
 
     ProgressContext context{.startSize = startSize, .progress = progress};
     CurlHandle curl(curl_easy_init());

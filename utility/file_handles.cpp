@@ -46,6 +46,17 @@ bool FileHandle::seekToEnd() {
     return SetFilePointerEx(handle, end, nullptr, FILE_END);
 }
 
+bool FileHandle::seekTo(uint64_t offset) {
+    LARGE_INTEGER target = {};
+    target.QuadPart = static_cast<LONGLONG>(offset);
+    return SetFilePointerEx(handle, target, nullptr, FILE_BEGIN);
+}
+
+uint64_t FileHandle::size() const {
+    LARGE_INTEGER size = {};
+    return GetFileSizeEx(handle, &size) ? static_cast<uint64_t>(size.QuadPart) : 0;
+}
+
 void FileHandle::close() {
     if (handle != INVALID_HANDLE_VALUE)
         CloseHandle(handle);

@@ -57,7 +57,9 @@ public:
     bool create(const std::wstring& path);                     // empties an existing file
     bool write(const void* data, uint32_t length);             // true only if all was written
     bool seekToEnd();
-    void close(); // repeatable
+    bool seekTo(uint64_t offset);
+    uint64_t size() const; // 0 when it cannot be measured
+    void close();          // repeatable
 
 private:
     void* handle = reinterpret_cast<void*>(-1);

@@ -61,8 +61,19 @@ bool CHttpDownload2FileSink::openToAppend() {
                     L"downloader error open file error: lasterror %d", GetLastError());
         return false;
     }
-    file.seekToEnd();
+    seekToStart();
     return true;
+}
+
+// Not simply the end: the launcher of another session may have written to the same file
+// since its size was measured, and what comes was asked for from there.
+void CHttpDownload2FileSink::seekToStart() {
+    const uint64_t size = file.size();
+    const uint32_t grown = static_cast<uint32_t>(size) - startSize; // startSize is the low half only
+    if (grown <= size)
+        file.seekTo(size - grown);
+    else
+        file.seekToEnd();
 }
 
 bool CHttpDownload2FileSink::createEmpty() {

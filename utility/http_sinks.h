@@ -51,6 +51,7 @@ public:
 
 private:
     bool openToAppend();
+    void seekToStart();
     bool createEmpty();
 
     ufile::FileHandle file;

@@ -45,6 +45,16 @@ TEST_F(HttpSinks, onlySuccessTouchesTheFile) {
     EXPECT_EQ(logged(L"onHttpErro status = 404"), 1);
 }
 
+// As by the launcher of another session, which fetches the same bytes.
+TEST_F(HttpSinks, aFileThatHasGrownMeanwhileKeepsItsBytesInPlace) {
+    writeFile(targetWide(L"f"), "0123456");
+    CHttpDownload2FileSink sink(targetWide(L"f"), &worker, nullptr, 4);
+    EXPECT_TRUE(sink.onHttpRecvHeader(6, 206));
+    EXPECT_TRUE(sink.onHttpRecvData("456789", 6));
+    sink.close();
+    EXPECT_EQ(readFile(targetWide(L"f")), "0123456789");
+}
+
 TEST_F(HttpSinks, memoryIsBounded) {
     std::string body;
     utility::CHttpDownload2MemSink sink(&body, &worker);

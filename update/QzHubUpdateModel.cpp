@@ -123,6 +123,11 @@ void QzHubUpdateModel::_threadDownloadPlayer() {
     common::log(function, __LINE__, L"update:  download file %s", program.c_str());
     const std::wstring partial = program + L".tmp";
     removeOld(partial);
+    if (utility::ufile::isExist(partial)) { // two writers would leave a program with holes
+        common::log(function, __LINE__, L"update: another session fetches %s", partial.c_str());
+        postFailure();
+        return;
+    }
     removeOld(program);
     for (int round = 0; round < Rounds; ++round) {
         if (downloadClient.download2file(wanted.url, partial, this, false)) {

@@ -169,6 +169,24 @@ TEST_F(UpdateModel, aDownloadThatFailsThreeTimesSaysSoAndMayBeTriedAgain) {
     EXPECT_FALSE(model->needUpdate) << "there is nothing to hand over to";
 }
 
+TEST_F(UpdateModel, doesNotWriteIntoTheDownloadOfAnotherSession) {
+    server.publish("/file", body);
+    publishDocument("1.1.0");
+    check(false);
+    ASSERT_TRUE(utility::ufile::makeDir(updateFolder));
+    utility::ufile::FileHandle other;
+    ASSERT_TRUE(other.create(partial()));
+    EXPECT_TRUE(other.write("half", 4));
+    model->startDownload();
+    EXPECT_TRUE(pumpUntil([this] { return failures > 0; }));
+    EXPECT_FALSE(model->needUpdate);
+    EXPECT_EQ(server.requests().size(), 1u) << "of the document alone";
+    other.close();
+    EXPECT_EQ(readFile(partial()), "half");
+    model->startDownload();
+    EXPECT_TRUE(pumpUntil([this] { return model->needUpdate.load(); }));
+}
+
 TEST_F(UpdateModel, aCancelledDownloadTellsNobodyAndACancelledCheckIsOver) {
     server.publish("/file", body);
     spoil("slow,300000");

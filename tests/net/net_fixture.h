@@ -46,7 +46,7 @@ int logged(const std::wstring& text);
 
 // False if condition does not come true in time.
 bool waitFor(const std::function<bool()>& condition,
-             std::chrono::milliseconds limit = std::chrono::seconds(10));
+             std::chrono::milliseconds limit = std::chrono::seconds(20));
 
 // Remembers what it was told; may stop the transfer.
 class ProgressProbe : public utility::CHttpDownloader::IHttpDownloadSink {

@@ -39,7 +39,7 @@ protected:
     }
     static HWND openMenu() { return FindWindowW(L"assistantupdateframe", nullptr); }
 
-    static bool pumpUntil(const std::function<bool()>& done, int milliseconds = 5000) {
+    static bool pumpUntil(const std::function<bool()>& done, int milliseconds = 20000) {
         const ULONGLONG end = GetTickCount64() + milliseconds;
         while (!done() && GetTickCount64() < end) {
             MsgWaitForMultipleObjects(0, nullptr, FALSE, 20, QS_ALLINPUT);

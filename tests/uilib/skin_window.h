@@ -63,7 +63,7 @@ private:
     ProbeCreator creator;
 };
 
-inline bool pumpUntil(const std::function<bool()>& done, DWORD milliseconds = 5000) {
+inline bool pumpUntil(const std::function<bool()>& done, DWORD milliseconds = 20000) {
     const DWORD end = GetTickCount() + milliseconds;
     while (!done() && GetTickCount() < end) {
         MSG message;

@@ -18,7 +18,7 @@ protected:
     void TearDown() override;
 
     // Runs the message loop until the condition holds; false after the deadline.
-    static bool pumpUntil(const std::function<bool()>& condition, unsigned seconds = 10);
+    static bool pumpUntil(const std::function<bool()>& condition, unsigned seconds = 20);
 
     // The one window of that class, or null. With frame<Frame>() as the object behind it.
     static HWND windowOf(const wchar_t* className);

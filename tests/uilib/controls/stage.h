@@ -62,7 +62,7 @@ public:
             DispatchMessageW(&message);
         }
     }
-    bool pumpUntil(const std::function<bool()>& condition, DWORD limit = 5000) {
+    bool pumpUntil(const std::function<bool()>& condition, DWORD limit = 20000) {
         for (const DWORD start = GetTickCount(); !condition();) {
             if (GetTickCount() - start > limit)
                 return false;

@@ -81,6 +81,7 @@ void QzVySetupFrame::InitWindow() {
     setText(L"versionLabel",
             languageText("update_currentVersion") + std::wstring(utility::ProgramVersionText));
     fillLanguages();
+    paintManager.SetFocusNeeded(find(Switches[0].on)); // for the keys; shown once they are used
 }
 
 void QzVySetupFrame::showSwitches() {

@@ -86,6 +86,10 @@ class Scene(unittest.TestCase):
     def wait_closed(self, kind, seconds=15):
         wait_for(lambda: not self.find(kind), seconds, f"the end of the window {kind[0]}")
 
+    def wait_focus(self, title="VYN"):
+        """The display gives the keyboard a moment after a window has come."""
+        wait_for(lambda: self.stage.display.active() == title, 10, f"the focus of {title}")
+
     def press(self, kind, control):
         """Once the window is painted: a hand does not hit what it does not see."""
         window = self.wait_open(kind)

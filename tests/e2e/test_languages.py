@@ -105,6 +105,7 @@ class Languages(Scene):
 
     def visit(self, language, hands):
         self.launcher.wait_log("onUpdateResult")
+        self.wait_focus()
         hands.open_settings()
         self.wait_open(SETTINGS)
         self.switch_autorun(hands)

@@ -25,9 +25,6 @@ class TrayScene(Scene):
             return place and self.display.pixel(place[0] + place[2] // 2, place[1] + 20) == TITLE_BAR
         wait_for(in_front, 10, "the launcher in front")
 
-    def wait_focus(self, title="VYN"):
-        wait_for(lambda: self.display.active() == title, 10, f"the focus of {title}")
-
     def hide(self):
         self.launcher.click(self.launcher.CLOSE)
         wait_for(lambda: not self.launcher.window(), 10, "the launcher to hide")

@@ -1,10 +1,9 @@
 #include "kit/process_counts.h"
 #include "shell/XrMenuWnd.h"
+#include "tests/uilib/message_loop.h"
 #include "uilib/controls/button.h"
 
 #include <gtest/gtest.h>
-
-#include <functional>
 
 // The menu as a real window with the program's own skin.
 
@@ -38,17 +37,6 @@ protected:
         CPaintManagerUI::LoadLanguageTable(L"multi_language.tsv");
     }
     static HWND openMenu() { return FindWindowW(L"assistantupdateframe", nullptr); }
-
-    static bool pumpUntil(const std::function<bool()>& done, int milliseconds = 20000) {
-        const ULONGLONG end = GetTickCount64() + milliseconds;
-        while (!done() && GetTickCount64() < end) {
-            MsgWaitForMultipleObjects(0, nullptr, FALSE, 20, QS_ALLINPUT);
-            for (MSG message; PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE);)
-                if (!CPaintManagerUI::TranslateMessage(&message))
-                    DispatchMessageW(&message);
-        }
-        return done();
-    }
 
     // With two rows, as the icon's menu has them; returns its window.
     HWND open(int x, int y) {

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "tests/uilib/message_loop.h"
 #include "tests/uilib/probe.h"
 #include "uilib/core/window_impl_base.h"
 
 #include <gtest/gtest.h>
 
-// A skinned window on the display that writes down what it hears, and the message loop of
-// a test.
+// A skinned window on the display that writes down what it hears.
 
 inline const wchar_t PlainSkin[] =
     L"<Window size=\"300,200\" caption=\"0,0,0,40\" sizebox=\"4,4,4,4\" roundcorner=\"6,6\" "
@@ -62,21 +62,6 @@ private:
     const wchar_t* skin;
     ProbeCreator creator;
 };
-
-inline bool pumpUntil(const std::function<bool()>& done, DWORD milliseconds = 20000) {
-    const DWORD end = GetTickCount() + milliseconds;
-    while (!done() && GetTickCount() < end) {
-        MSG message;
-        MsgWaitForMultipleObjects(0, nullptr, FALSE, 20, QS_ALLINPUT);
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-            if (UILib::CPaintManagerUI::TranslateMessage(&message))
-                continue;
-            TranslateMessage(&message);
-            DispatchMessageW(&message);
-        }
-    }
-    return done();
-}
 
 inline void closeAndWait(SkinWindow& window) {
     window.Close();

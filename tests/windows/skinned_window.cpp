@@ -25,22 +25,6 @@ void SkinnedWindows::TearDown() {
     }
 }
 
-bool SkinnedWindows::pumpUntil(const std::function<bool()>& condition, unsigned seconds) {
-    for (const DWORD start = GetTickCount(); !condition();) {
-        if (GetTickCount() - start > seconds * 1000)
-            return false;
-        MSG message;
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-            if (CPaintManagerUI::TranslateMessage(&message))
-                continue;
-            TranslateMessage(&message);
-            DispatchMessageW(&message);
-        }
-        MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
-    }
-    return true;
-}
-
 HWND SkinnedWindows::windowOf(const wchar_t* className) {
     return FindWindowW(className, nullptr);
 }

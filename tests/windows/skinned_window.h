@@ -1,10 +1,10 @@
 #pragma once
 
+#include "tests/uilib/message_loop.h"
 #include "uilib/core/window_impl_base.h"
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <string>
 
 // What tests of the program's own windows share: the real skin, a plain owner window, and
@@ -16,9 +16,6 @@ class SkinnedWindows : public testing::Test {
 protected:
     void SetUp() override;
     void TearDown() override;
-
-    // Runs the message loop until the condition holds; false after the deadline.
-    static bool pumpUntil(const std::function<bool()>& condition, unsigned seconds = 20);
 
     // The one window of that class, or null. With frame<Frame>() as the object behind it.
     static HWND windowOf(const wchar_t* className);

@@ -171,7 +171,7 @@ TEST(Option, LeavesItsGroupWhenItGoes) {
     Stage stage(L"<VBox name=\"box\"><Option name=\"a\" group=\"g\" selected=\"true\" height=\"20\"/></VBox>"
                 L"<Option name=\"b\" group=\"g\" height=\"20\"/>");
     static_cast<IContainerUI*>(stage.get(L"box").GetInterface(L"IContainer"))->RemoveAll();
-    stage.pump();
+    pumpMessages();
     stage.get<COptionUI>(L"b").Selected(true);
     EXPECT_EQ(stage.manager.GetOptionGroup(L"g")->GetSize(), 1);
 }

@@ -26,7 +26,7 @@ public:
     HWND popup() { return FindWindowW(L"ComboWnd", nullptr); }
     void open() {
         control().Activate();
-        pump();
+        pumpMessages();
         EXPECT_TRUE(control().IsOpen());
         take();
     }
@@ -42,7 +42,7 @@ public:
         const HWND target = popup();
         SendMessageW(target, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));
         SendMessageW(target, WM_LBUTTONUP, 0, MAKELPARAM(x, y));
-        pump();
+        pumpMessages();
     }
     // The items are the combo's again, out of the mouse's reach.
     bool itemsAreBack() {
@@ -181,7 +181,7 @@ TEST(Combo, GivesTheItemsBackHoweverItCloses) {
         stage.get(L"root").SetVisible(true);
         stage.control().SetVisible(true);
         stage.control().SetEnabled(true);
-        stage.pump();
+        pumpMessages();
     }
 }
 
@@ -194,7 +194,7 @@ TEST(Combo, SurvivesTheEndOfItsWindowWhileOpen) {
     ComboStage stage(combo(3));
     stage.open();
     static_cast<IContainerUI*>(stage.get(L"root").GetInterface(L"IContainer"))->RemoveAll();
-    EXPECT_TRUE(stage.pumpUntil([&] { return !stage.popup(); }));
+    EXPECT_TRUE(pumpUntil([&] { return !stage.popup(); }));
 }
 
 // A listener may empty the list while the popup's own event is on the stack.
@@ -271,7 +271,7 @@ TEST(Combo, StaysOpenWhenAskedTo) {
     stage.open();
     stage.key(stage.popup(), VK_DOWN); // a key keeps what was asked for
     stage.control().SelectItem(2);
-    stage.pump();
+    pumpMessages();
     EXPECT_TRUE(stage.control().IsOpen());
     EXPECT_EQ(stage.control().GetCurSel(), 2);
 }
@@ -301,7 +301,7 @@ TEST(Combo, LeaksNothing) {
                 stage.control().SetVisible(false);
             else
                 SendMessageW(stage.popup(), WM_KILLFOCUS, 0, 0);
-            stage.pump();
+            pumpMessages();
             ASSERT_FALSE(stage.control().IsOpen());
             stage.control().SetVisible(true);
         }

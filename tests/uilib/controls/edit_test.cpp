@@ -20,13 +20,13 @@ std::string nativePlace(Stage& stage) {
 }
 
 bool closes(Stage& stage) {
-    return stage.pumpUntil([&] { return !stage.get<CEditUI>(L"e").GetNativeWindow(); });
+    return pumpUntil([&] { return !stage.get<CEditUI>(L"e").GetNativeWindow(); });
 }
 
-void type(Stage& stage, const wchar_t* text) {
+void type(const wchar_t* text) {
     for (; *text; ++text)
         PostMessageW(GetFocus(), WM_CHAR, *text, 1);
-    stage.pump();
+    pumpMessages();
 }
 
 } // namespace
@@ -40,7 +40,7 @@ TEST(Edit, TypesThroughItsNativeWindow) {
     ASSERT_EQ(GetFocus(), e.GetNativeWindow());
     EXPECT_EQ(stage.take(), "");
     SendMessageW(e.GetNativeWindow(), EM_SETSEL, 3, 3);
-    type(stage, L"def");
+    type(L"def");
     EXPECT_EQ(e.GetText(), L"abcde");
     EXPECT_EQ(stage.take(), "e!textchanged e!textchanged");
     stage.key(VK_RETURN);
@@ -69,11 +69,11 @@ TEST(Edit, ClosesItsWindowInEveryWay) {
         stage.get(L"root").SetVisible(true);
         e.SetVisible(true);
         e.SetEnabled(true);
-        stage.pump();
+        pumpMessages();
     }
     e.SetFocus();
     static_cast<IContainerUI*>(stage.get(L"root").GetInterface(L"IContainer"))->RemoveAll();
-    stage.pump();
+    pumpMessages();
     EXPECT_EQ(FindWindowExW(stage, nullptr, L"EditWnd", nullptr), nullptr);
 }
 
@@ -154,11 +154,11 @@ TEST(Edit, ReadOnlyTextCanBeCopiedAndNotChanged) {
     Stage stage(edit(L"text=\"abc\" readonly=\"true\" autoselall=\"true\""));
     CEditUI& e = stage.get<CEditUI>(L"e");
     e.SetFocus();
-    type(stage, L"x");
+    type(L"x");
     EXPECT_EQ(e.GetText(), L"abc");
     constexpr wchar_t CtrlC = 3;
     PostMessageW(GetFocus(), WM_CHAR, CtrlC, 1);
-    stage.pump();
+    pumpMessages();
     ASSERT_TRUE(OpenClipboard(stage));
     const HANDLE data = GetClipboardData(CF_UNICODETEXT);
     const std::wstring copied = data ? static_cast<const wchar_t*>(GlobalLock(data)) : L"";
@@ -183,7 +183,7 @@ TEST(Edit, SettingTheTextFromItsOwnNotificationEnds) {
             e.SetText(L"fixed");
     };
     e.SetFocus();
-    type(stage, L"q");
+    type(L"q");
     EXPECT_EQ(e.GetText(), L"fixed");
     wchar_t shown[16] = {};
     GetWindowTextW(e.GetNativeWindow(), shown, 16);

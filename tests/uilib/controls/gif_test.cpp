@@ -35,7 +35,7 @@ TEST(GifAnim, PlaysInTheFilesOrderAndStartsAgainWhenShown) {
     EXPECT_EQ(g.GetFrameCount(), 3u);
     EXPECT_TRUE(g.IsPlaying());
     unsigned seen = 0;
-    EXPECT_TRUE(stage.pumpUntil([&] { return (seen |= 1u << g.GetFrameIndex()) == 7; }));
+    EXPECT_TRUE(pumpUntil([&] { return (seen |= 1u << g.GetFrameIndex()) == 7; }));
     g.SetVisible(false);
     EXPECT_FALSE(g.IsPlaying());
     g.SetVisible(true);
@@ -51,7 +51,7 @@ TEST(GifAnim, ShowsTheFirstFrameUntilItIsPlayed) {
     EXPECT_FALSE(g.IsPlaying());
     EXPECT_EQ(stage.pixel(g, 4, 4), 0xFF0000u);
     g.PlayGif();
-    EXPECT_TRUE(stage.pumpUntil([&] { return g.GetFrameIndex() == 1; }));
+    EXPECT_TRUE(pumpUntil([&] { return g.GetFrameIndex() == 1; }));
 }
 
 TEST(GifAnim, ShowsNothingOfABadFile) {

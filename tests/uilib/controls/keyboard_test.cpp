@@ -28,7 +28,7 @@ public:
     }
     void type(wchar_t character) {
         PostMessageW(::GetFocus(), WM_CHAR, character, 1);
-        pump();
+        pumpMessages();
     }
 };
 
@@ -56,12 +56,12 @@ TEST(Keyboard, FillsInAForm) {
     stage.key(VK_DOWN);
     stage.key(VK_DOWN);
     stage.key(VK_ESCAPE);
-    EXPECT_TRUE(stage.pumpUntil([&] { return !language.IsOpen(); }));
+    EXPECT_TRUE(pumpUntil([&] { return !language.IsOpen(); }));
     EXPECT_EQ(language.GetText(), L"a");
     stage.key(VK_F4);
     stage.key(VK_DOWN);
     stage.key(VK_RETURN);
-    EXPECT_TRUE(stage.pumpUntil([&] { return !language.IsOpen(); }));
+    EXPECT_TRUE(pumpUntil([&] { return !language.IsOpen(); }));
     EXPECT_EQ(language.GetText(), L"b");
     EXPECT_EQ(stage.manager.GetFocus(), &language);
     stage.take();

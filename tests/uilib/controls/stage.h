@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/uilib/message_loop.h"
 #include "uilib/controls/control.h"
 #include "uilib/core/dialog_builder.h"
 #include "uilib/core/dib_surface.h"
@@ -33,7 +34,7 @@ public:
         for (int paint = 0; paint < 2; ++paint) // the first one lays out, the second focuses a tab stop
             RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
         manager.SetFocus(nullptr, UILib::FocusWindow::Yes);
-        pump();
+        pumpMessages();
         log.clear();
     }
     ~Stage() override {
@@ -50,31 +51,12 @@ public:
     void click(int x, int y) {
         press(x, y);
         mouse(WM_LBUTTONUP, x, y);
-        pump();
-    }
-    // As the program's loop does it. Pending paints are done last.
-    void pump() {
-        MSG message;
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-            if (UILib::CPaintManagerUI::TranslateMessage(&message))
-                continue;
-            TranslateMessage(&message);
-            DispatchMessageW(&message);
-        }
-    }
-    bool pumpUntil(const std::function<bool()>& condition, DWORD limit = 20000) {
-        for (const DWORD start = GetTickCount(); !condition();) {
-            if (GetTickCount() - start > limit)
-                return false;
-            pump();
-            MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
-        }
-        return true;
+        pumpMessages();
     }
     void key(HWND target, UINT virtualKey) {
         PostMessageW(target, WM_KEYDOWN, virtualKey, 1);
         PostMessageW(target, WM_KEYUP, virtualKey, static_cast<LPARAM>(0xC0000001));
-        pump();
+        pumpMessages();
     }
     void key(UINT virtualKey) { key(GetFocus(), virtualKey); }
     std::string take() { return std::exchange(log, {}); }

@@ -7,14 +7,7 @@ from tray_scene import TrayScene
 class Icon(TrayScene):
     def test_click_raises_the_window_from_everywhere(self):
         self.start()
-        for leave in (self.minimise, self.hide, self.cover):
-            with self.subTest(leave.__name__):
-                leave()
-                self.click_icon()
-                self.wait_in_front()
-                if leave != self.cover:  # the display gives no focus to who has had no input for long
-                    self.wait_focus()
-        self.assertEqual(len(self.display.tray_icons()), 1)
+        self.raise_from_everywhere(self.click_icon)
 
     def test_double_click_raises_once(self):
         self.start()
@@ -89,15 +82,8 @@ class Icon(TrayScene):
 class SecondStart(TrayScene):
     def test_raises_the_first_from_everywhere(self):
         self.start()
-        for leave in (self.minimise, self.hide, self.cover):
-            with self.subTest(leave.__name__):
-                leave()
-                self.second_start()
-                self.wait_in_front()
-                if leave != self.cover:
-                    self.wait_focus()
+        self.raise_from_everywhere(self.second_start)
         self.assertEqual(self.running(), 1)
-        self.assertEqual(len(self.display.tray_icons()), 1)
         self.exit()
         self.assert_nothing_left()
 

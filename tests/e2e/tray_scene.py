@@ -54,6 +54,16 @@ class TrayScene(Scene):
         self.open_settings()
         self.choose_language()
 
+    def raise_from_everywhere(self, bring_back):
+        for leave in (self.minimise, self.hide, self.cover):
+            with self.subTest(leave.__name__):
+                leave()
+                bring_back()
+                self.wait_in_front()
+                if leave != self.cover:  # the display gives no focus to who has had no input for long
+                    self.wait_focus()
+        self.assertEqual(len(self.display.tray_icons()), 1)
+
     def wait_on_top(self, kind):
         """A window of the launcher's is in front of its others."""
         wait_for(lambda: self.windows()[0].name == kind[0], 10, f"{kind[0]} above the other windows")

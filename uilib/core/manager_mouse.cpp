@@ -56,16 +56,25 @@ void CPaintManagerUI::changeHover(CControlUI* found, WPARAM wParam, LPARAM lPara
     }
 }
 
-void CPaintManagerUI::onButtonDown(WPARAM wParam, LPARAM lParam) {
-    showFocus(false);
+// Gives the focus to the control there, which may go by that: it is there still while it is
+// the click control.
+CControlUI* CPaintManagerUI::press(LPARAM lParam) {
     focusWindowUnlessNoActivate();
     CControlUI* control = controlAt(pointOf(lParam));
     if (!control)
-        return;
+        return nullptr;
     click = control;
     control->SetFocus();
+    return control;
+}
+
+void CPaintManagerUI::onButtonDown(WPARAM wParam, LPARAM lParam) {
+    showFocus(false);
+    CControlUI* control = press(lParam);
+    if (!control)
+        return;
     SetCapture();
-    if (click == control) // still there
+    if (click == control)
         sendEvent(control, EventButtonDown, wParam, lParam, LOWORD(wParam));
 }
 
@@ -103,13 +112,8 @@ void CPaintManagerUI::onDoubleClick(WPARAM wParam, LPARAM lParam) {
 }
 
 void CPaintManagerUI::onRightButtonDown(WPARAM wParam, LPARAM lParam) {
-    focusWindowUnlessNoActivate();
-    CControlUI* control = controlAt(pointOf(lParam));
-    if (!control)
-        return;
-    click = control;
-    control->SetFocus();
-    if (click == control)
+    CControlUI* control = press(lParam);
+    if (control && click == control)
         sendEvent(control, EventRightButtonDown, wParam, lParam, LOWORD(wParam));
 }
 

@@ -177,6 +177,7 @@ private:
     CControlUI* controlAt(POINT point);
     void onMouseMove(WPARAM wParam, LPARAM lParam);
     void changeHover(CControlUI* found, WPARAM wParam, LPARAM lParam);
+    CControlUI* press(LPARAM lParam);
     void onButtonDown(WPARAM wParam, LPARAM lParam);
     void onButtonUp(WPARAM wParam, LPARAM lParam);
     void onCaptureChanged(WPARAM wParam, LPARAM lParam);

@@ -85,7 +85,7 @@ void* Script::reallocate(void* self, void* block, size_t size) {
 }
 
 Script::Script(std::vector<NativeFunction> functions) : functions(std::move(functions)) {
-    renewLimits();
+    beginRun();
     const duk_fatal_function fatal = [](void*, const char*) { std::abort(); };
     context = duk_create_heap(allocate, reallocate, release, this, fatal);
     if (!context)
@@ -148,8 +148,7 @@ int Script::callNative(duk_hthread* context) {
 }
 
 bool Script::run(std::string_view source) {
-    if (!running)
-        renewLimits();
+    beginRun();
     return execute(source);
 }
 
@@ -158,13 +157,14 @@ bool Script::runHandler(std::string_view body) {
 }
 
 void Script::runTogether(const std::vector<std::string>& sources) {
-    if (!running)
-        renewLimits();
+    beginRun();
     for (const std::string& source : sources)
         execute(source);
 }
 
-void Script::renewLimits() {
+void Script::beginRun() {
+    if (running) // refused, and not to lengthen the run that it is in
+        return;
     deadline = Clock::now() + limits::ScriptTime;
     nativeCalls = 0;
 }

@@ -54,7 +54,7 @@ private:
     static int callNative(duk_hthread* context);
 
     void define(duk_hthread* context);
-    void renewLimits();
+    void beginRun();
     bool execute(std::string_view source);
 
     std::vector<NativeFunction> functions;

@@ -117,7 +117,7 @@ void XrMenuWnd::place(int x, int y, MenuPlacement placement) {
 }
 
 CContainerUI* XrMenuWnd::list() const {
-    return static_cast<CContainerUI*>(paintManager.FindControl(L"menuListLayout"));
+    return find<CContainerUI>(L"menuListLayout", L"Container");
 }
 
 std::vector<MenuRow> XrMenuWnd::rowKinds() const {

@@ -44,8 +44,7 @@ std::wstring updateFolder() {
 
 QzHubUpdateModel& QzHubUpdateModel::instance() {
     // Never destroyed: workers and tasks may outlive the end of WinMain.
-    static auto* model =
-        new QzHubUpdateModel(std::wstring(utility::endpoints::ObjectStore) + L"/vyn/update_en.data");
+    static auto* model = new QzHubUpdateModel(utility::endpoints::objectStore() + L"/vyn/update_en.data");
     return *model;
 }
 

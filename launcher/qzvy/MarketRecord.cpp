@@ -49,7 +49,7 @@ const Market& findMarket(const Market (&markets)[Count], const std::wstring& key
 }
 
 std::wstring surveyLink(const wchar_t* page) {
-    return std::wstring(utility::endpoints::ContentHost) + L"/survey/" + page;
+    return utility::endpoints::contentHost() + L"/survey/" + page;
 }
 
 void fill(const Market& market, MarketRecord& record) {

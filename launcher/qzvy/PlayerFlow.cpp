@@ -35,7 +35,7 @@ void QzVyMainFrame::startDownloadPlayerNoData() {
 
 bool QzVyMainFrame::findPlayerPackage(PlayerPackage& found) {
     common::log(Function, __LINE__, L"get Player url");
-    const std::string address = wideToAnsi(std::wstring(endpoints::ObjectStore) + L"/vyn/qzvyn");
+    const std::string address = wideToAnsi(endpoints::objectStore() + L"/vyn/qzvyn");
     std::string text;
     for (int round = 0; round < 2; ++round) {
         text.clear();

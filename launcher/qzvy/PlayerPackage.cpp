@@ -7,7 +7,7 @@
 #include "utility/text.h"
 
 PlayerPackage PlayerPackage::builtIn() {
-    return {std::wstring(utility::endpoints::Cdn) + L"/obj/lf-game-alisg/ga18/qzvyn_en.7z", L"1.0"};
+    return {utility::endpoints::cdn() + L"/obj/lf-game-alisg/ga18/qzvyn_en.7z", L"1.0"};
 }
 
 PlayerPackage parsePlayerPackage(const std::string& text) {

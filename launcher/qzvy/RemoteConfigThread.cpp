@@ -23,7 +23,7 @@ constexpr int VersionIfAbsent = 1000;
 
 // Empty when the document could not be fetched.
 std::string fetchDocument() {
-    const std::string address = wideToAnsi(std::wstring(endpoints::ObjectStore) + L"/vyn/config_sea.data");
+    const std::string address = wideToAnsi(endpoints::objectStore() + L"/vyn/config_sea.data");
     std::string text;
     for (int round = 0; round < 2; ++round) {
         text.clear();

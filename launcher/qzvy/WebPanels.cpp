@@ -70,8 +70,8 @@ jsValue __cdecl CallOpenUrl(jsExecState execState, void*) {
 void WebPanels::create(HWND window, const std::wstring& market) {
     parent = window;
     const std::wstring query = L"?language=" + market;
-    const std::wstring index = endpoints::ContentHost + (L"/PCpic" + query);
-    const std::wstring news = endpoints::ContentHost + (L"/PCpic/news" + query);
+    const std::wstring index = endpoints::contentHost() + L"/PCpic" + query;
+    const std::wstring news = endpoints::contentHost() + L"/PCpic/news" + query;
     common::log(InitFunction, __LINE__, L"real urlIndex is:%s", index.c_str());
     common::log(InitFunction, __LINE__, L"real urlNews is:%s", news.c_str());
     if (!loadEngine())

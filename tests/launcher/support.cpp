@@ -1,16 +1,13 @@
 #include "tests/launcher/support.h"
 
+#include "tests/support/log_watch.h"
 #include "utility/encoding.h"
-#include "utility/endpoints.h"
 #include "utility/files.h"
-#include "utility/log.h"
 #include "utility/task_dispatcher.h"
 
 #include <algorithm>
 #include <chrono>
 #include <future>
-#include <mutex>
-#include <vector>
 
 using namespace utility;
 
@@ -19,14 +16,6 @@ namespace launcher_test {
 namespace {
 
 constexpr wchar_t RegistryKey[] = L"Software\\vyn launcher test";
-
-std::mutex linesLock;
-std::vector<std::wstring> lines;
-
-void keepLine(const char*, int, const wchar_t* text) {
-    const std::lock_guard guard(linesLock);
-    lines.push_back(text);
-}
 
 void removeLeftovers() {
     for (const wchar_t* folder : {L"data", L"game", L"my 게임"})
@@ -47,17 +36,15 @@ void Stage::SetUp() {
     ASSERT_TRUE(server.start());
     std::string host = server.url("/");
     host.pop_back();
-    ObjectStore = Cdn = ansiToWide(host);
+    SetEnvironmentVariableW(L"VYN_PUBLISHER", ansiToWide(host).c_str());
     removeLeftovers();
-    lines.clear();
     common::startServices();
-    common::setLogSink(keepLine);
+    test::watchLog();
 }
 
 void Stage::TearDown() {
     server.stop();
     common::stopServices();
-    common::setLogSink(nullptr);
     removeLeftovers();
     RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
     RegDeleteTreeW(HKEY_CURRENT_USER, RegistryKey);
@@ -86,9 +73,7 @@ bool Stage::pumpUntilLogged(const std::wstring& text, int count) {
 }
 
 int Stage::logged(const std::wstring& text) {
-    const std::lock_guard guard(linesLock);
-    return static_cast<int>(std::ranges::count_if(
-        lines, [&](const std::wstring& line) { return line.find(text) != std::wstring::npos; }));
+    return test::logged(text);
 }
 
 int Stage::requests(const std::string& path) const {

@@ -14,10 +14,8 @@ def main():
     # One Wine server for the whole run: it starts once, not once a test.
     subprocess.run([ROOT / "tools/wine-run", "cmd", "/c", "ver"], env=environment, stdout=subprocess.DEVNULL)
     subprocess.run(["wineserver", "-p"], env=wine)
-    # Focus, sockets and processors belong to the machine, which may be busy with others: what
-    # fails is run once more, and both runs are printed.
-    command = ["ctest", "--test-dir", ROOT / "build/win32", "--output-on-failure", "-j", "2",
-               "--repeat", "until-pass:2"]
+    # One more than the machine has processors: a stage waits most of its time.
+    command = ["ctest", "--test-dir", ROOT / "build/win32", "--output-on-failure", "-j", str(os.cpu_count() + 1)]
     if len(sys.argv) > 1:
         command += ["-R", sys.argv[1]]
     try:

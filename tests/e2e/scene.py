@@ -1,6 +1,5 @@
 """What the end-to-end tests share: one stage a test class, one publisher and one freshly
 installed launcher a test."""
-import collections
 import functools
 import os
 import pathlib
@@ -11,12 +10,11 @@ import unittest
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "tools"))
 
-from stage import BIN, ROOT, Stage, StageError, pack_player, wait_for, windows_path  # noqa: E402
+from stage import BIN, KEY, ROOT, Stage, StageError, pack_player, wait_for, windows_path  # noqa: E402
 
 TITLE_BAR = "6dabff"  # of every window
-RUN_KEY = r"HKCU\Software\Microsoft\Windows\CurrentVersion\Run"
-MOST_REPEATED = 2  # more that fail are no accident
-PACKAGE = ROOT / "build/e2e/player.7z"
+RUN_KEY = r"Software\Microsoft\Windows\CurrentVersion\Run"  # below HKEY_CURRENT_USER
+PACKAGE = ROOT / "build/player16.7z"
 
 # The launcher's windows beside the main one: class and skin.
 SETTINGS = ("QzVySetupFrame", "xm_setupframe.xml")
@@ -24,8 +22,7 @@ CHECK = ("updatecheckframe", "updatecheckframe.xml")
 UPDATE = ("updateFrame", "updateframe.xml")
 BOX = ("MessageBoxWindow", "common/xml_messagebox.xml")
 FOLDERS = ("#32770", None)  # the system's dialog for choosing a folder
-
-Window = collections.namedtuple("Window", "name x y width height enabled")
+MAIN = ("QZVYMainFrame", None)
 
 
 @functools.cache
@@ -43,12 +40,11 @@ def places_of(wine, skin):
 
 class Scene(unittest.TestCase):
     SCREEN = "1920x1080"
-    TRAY = True  # whether the stage has a notification area
 
     @classmethod
     def setUpClass(cls):
         pack_player(PACKAGE, "--megabytes", "16")
-        cls.stage = Stage("e2e", size=cls.SCREEN, tray=cls.TRAY).__enter__()
+        cls.stage = Stage("e2e", size=cls.SCREEN).__enter__()
 
     @classmethod
     def tearDownClass(cls):
@@ -60,19 +56,27 @@ class Scene(unittest.TestCase):
         self.publisher.configuration(appminversion=5100, playerminversion=2100)
         self.publisher.player("/player.7z")
         self.launcher = self.stage.launcher()
+        self.expected = list(ORDINARY)
 
     def tearDown(self):
         self.stage.display.screenshot(ROOT / f"build/screenshots/{self.id().split('.', 1)[1]}.png")
-        self.stage.wine.kill()
-        self.stage.wine.server("-p")
+        self.stage.wine.end_programs()
+        self.assertEqual(self.unexpected(), [], "log lines of errors that the test did not ask for")
+
+    def expect_errors(self, *texts):
+        """From here on: lines that hold one of these texts are what the test is about."""
+        self.expected += texts
+
+    def unexpected(self):
+        signs = ("error", "fail", "refuse")
+        return [line for line in (self.launcher.earlier + self.launcher.log()).splitlines()
+                if any(sign in line.lower() for sign in signs) and not any(text in line for text in self.expected)]
 
     # -- The launcher's windows, and a user's hands on them.
 
     def windows(self):
-        """All that are visible, from the top down."""
-        output, _ = self.stage.wine.call(windows_path(BIN / "list_windows.exe"))
-        rows = [line.split("\t") for line in output.splitlines()]
-        return [Window(r[0], *map(int, r[1:5]), r[5] == "enabled") for r in rows if len(r) == 6]
+        """The launcher's visible ones, from the top down."""
+        return [window for window in self.stage.wine.windows() if window.program == "tkvyn.exe"]
 
     def count(self, kind):
         return sum(window.name == kind[0] for window in self.windows())
@@ -83,36 +87,51 @@ class Scene(unittest.TestCase):
     def wait_open(self, kind, seconds=15):
         return wait_for(lambda: self.find(kind), seconds, f"the window {kind[0]}")
 
+    def wait_button(self, kind, control):
+        """A button shows: its colour is not that of the window any more."""
+        window = self.wait_open(kind)
+        x, y = places_of(self.stage.wine, kind[1])[control]
+        ground = self.stage.display.pixel(window.x + 3, window.y + window.height // 2)
+        wait_for(lambda: self.stage.display.pixel(window.x + x, window.y + y) != ground, 20, f"the button {control}")
+
     def wait_closed(self, kind, seconds=15):
         wait_for(lambda: not self.find(kind), seconds, f"the end of the window {kind[0]}")
 
-    def wait_focus(self, title="VYN"):
-        """The display gives the keyboard a moment after a window has come."""
-        wait_for(lambda: self.stage.display.active() == title, 10, f"the focus of {title}")
+    def wait_active(self, *kinds):
+        """Until a window of these kinds has the keyboard, the main window without any; its class."""
+        names = [kind[0] for kind in kinds or [MAIN]]
+        return wait_for(lambda: next((w.name for w in self.windows() if w.active and w.name in names), None), 20,
+                        f"the keyboard for {names}")
 
     def press(self, kind, control):
-        """Once the window is painted: a hand does not hit what it does not see."""
+        """Once the window is painted: a hand does not hit what it does not see. Wine's desktop may lay a
+        window above what it owns, as Windows never does."""
         window = self.wait_open(kind)
-        wait_for(lambda: self.stage.display.pixel(window.x + 6, window.y + 8) == TITLE_BAR, 10,
+        self.stage.wine.give_keyboard(kind[0])
+        wait_for(lambda: self.stage.display.pixel(window.x + 6, window.y + 8) == TITLE_BAR, 20,
                  f"the window {kind[0]} in front")
         x, y = places_of(self.stage.wine, kind[1])[control]
         self.stage.display.click(window.x + x, window.y + y)
 
     def keys(self, *names):
-        self.stage.display.key(*names)
+        self.stage.wine.keys(*names)
 
     def picture(self, name):
         self.stage.display.screenshot(ROOT / f"build/screenshots/{name}.png")
 
     def open_settings(self):
         self.launcher.click(self.launcher.SETUP)
-        return self.wait_open(SETTINGS)
+        self.wait_active(SETTINGS)
+
+    def wait_list(self):
+        wait_for(lambda: any(window.name == "ComboWnd" for window in self.windows()), 20, "the list")
 
     def choose_language(self):
         """The one below the present one; the window asks for a restart."""
         self.press(SETTINGS, "languageCombo")
+        self.wait_list()
         self.keys("Down")
-        return self.wait_open(BOX)
+        self.wait_active(BOX)
 
     def written(self):
         """The settings as they lie on the disk."""
@@ -125,10 +144,13 @@ class Scene(unittest.TestCase):
         wait_for(lambda: record in self.written().split("|"), 10, f"{record} in config.data")
 
     def registry(self, key, value):
-        """The data of a value, or None."""
-        output, code = self.stage.wine.call("reg", "query", key, "/v", value)
-        match = re.search(rf"{value}\s+REG_SZ\s+(.*)", output)
-        return match[1].strip() if code == 0 and match else None
+        """The text of a value below HKEY_CURRENT_USER, or None."""
+        return self.stage.wine.registry(key, value)
+
+    def wait_folders_stand_on(self, name):
+        """The dialog for choosing a folder opens its tree down to the present path, which it tells nobody."""
+        wait_for(lambda: "".join(self.stage.wine.agent.ask("folder")).endswith(f"\\{name}\\"), 20,
+                 f"the folder dialog on {name}")
 
     def install(self):
         """A first installation, quietly to its end."""
@@ -139,7 +161,7 @@ class Scene(unittest.TestCase):
     def open_game(self):
         """Presses the start button until the game's window is up."""
         def game_is_up():
-            if self.stage.display.window("VYN Game"):
+            if self.stage.wine.window("VYN Game"):
                 return True
             if self.launcher.window():
                 self.launcher.click(self.launcher.START)
@@ -158,26 +180,22 @@ class Scene(unittest.TestCase):
         return [int(n) for n in re.findall(r"\d+", text)]
 
     def settled_counts(self):
-        """Counts that stand still: some threads of the system end a moment later."""
-        seen = []
+        """Counts that stand still for two seconds: some threads of the system end a moment later."""
+        counts, since = None, 0
 
         def still():
-            time.sleep(0.5)
-            seen.append(self.counts())
-            return len(seen) > 3 and seen[-1] == seen[-2] == seen[-3]
+            nonlocal counts, since
+            now = self.counts()
+            if now != counts:
+                counts, since = now, time.monotonic()
+            return time.monotonic() - since > 2
         wait_for(still, 60, "counts that stand still")
-        return seen[-1]
+        return counts
 
     def assert_no_growth(self, before, after, limit):
         print(f"handles, threads, windows, GDI objects: {before} before, {after} after")
         for name, old, new in zip(("handles", "threads", "windows", "GDI objects"), before, after):
             self.assertLess(new - old, limit, f"{name}: {before} before, {after} after")
-
-    def unexpected(self, *allowed):
-        """Log lines that tell of a failure and that the test did not ask for."""
-        signs = ("error", "fail", "refuse")
-        return [line for line in self.launcher.log().splitlines()
-                if any(sign in line.lower() for sign in signs) and not any(text in line for text in allowed)]
 
 
 # What an ordinary first run reports although nothing is wrong.
@@ -187,26 +205,14 @@ ORDINARY = (
     "initCrashReport error",               # no crash reporter beside the program
     "load Noto Sans fonts",                # no font folder beside the program
     "open reg =", "lastError = 0",         # no registry key yet; success lines that name an error of 0
+    "read reg lastError = 2",              # no value of its own yet
     "RemoveDirectory error",               # no log folder yet
 )
 
 
 def main():
-    """Runs the tests of the script. One that fails runs once more: the stage's window manager
-    now and then gives the keyboard late. Both results are printed; the second counts."""
     try:
         program = unittest.main(module="__main__", warnings="ignore", exit=False)
-        failed = {test.id() for test in failed_tests(program.result)}
-        if failed and len(failed) <= MOST_REPEATED:
-            print("once more:", *sorted(failed), file=sys.stderr, flush=True)
-            names = [name.removeprefix("__main__.") for name in failed]
-            suite = unittest.defaultTestLoader.loadTestsFromNames(names, sys.modules["__main__"])
-            failed = failed_tests(unittest.TextTestRunner(verbosity=2).run(suite))
     except StageError as error:
         sys.exit(str(error))
-    sys.exit(1 if failed else 0)
-
-
-def failed_tests(result):
-    """The tests themselves also where only a part of one has failed."""
-    return [getattr(test, "test_case", test) for test, _ in result.failures + result.errors]
+    sys.exit(not program.result.wasSuccessful())

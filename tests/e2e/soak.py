@@ -6,7 +6,7 @@ program takes the steps as often and must not hold more than at its beginning.
 """
 import sys
 
-from scene import BOX, CHECK, SETTINGS, StageError, main, wait_for
+from scene import BOX, CHECK, SETTINGS, main, wait_for
 from tray_scene import TrayScene
 
 CYCLES = int(sys.argv.pop(1)) if sys.argv[1:] and sys.argv[1].isdigit() else 200
@@ -51,20 +51,9 @@ def ask_for_an_update(scene):
 def change_the_language_later(scene):
     scene.open_settings()
     scene.choose_language()
-    answer(scene, ("Tab", "space"), lambda: not scene.find(BOX))  # "Don't restart"
+    scene.keys("Tab", "space")  # "Don't restart"
+    scene.wait_closed(BOX)
     close_settings(scene)
-
-
-def answer(scene, keys, done):
-    """By keys. Now and then the window manager gives the keyboard to the main window a moment
-    after the box has opened; a second start brings it back to the box."""
-    scene.keys(*keys)
-    try:
-        wait_for(done, 5, "the answer")
-    except StageError:
-        scene.second_start()
-        scene.keys(*keys)
-        wait_for(done, 15, "the answer")
 
 
 def close_settings(scene):
@@ -101,7 +90,7 @@ class Soak(TrayScene):
     def restart_in_the_next_language(self):
         self.open_settings()
         self.choose_language()
-        answer(self, ("Return",), lambda: self.launcher.process.poll() is not None)
+        self.keys("Return")
         self.assertEqual(self.launcher.wait_end(), 1)
         wait_for(lambda: self.running() == 1, 20, "the program to come up again")
         self.icon()

@@ -16,6 +16,7 @@ class Faults(Scene):
 
     def test_failed_download_is_retried_by_the_pause_button(self):
         self.publisher.fault("/player.7z", "cut", 100_000)
+        self.expect_errors("curl download error Transferred a partial file", "flow_no_download")
         self.launcher.start()
         self.launcher.click(self.launcher.START)
         self.launcher.wait_log("no installer file", 60)
@@ -28,6 +29,9 @@ class Faults(Scene):
     def test_documents_that_are_junk(self):
         for name in ("config_sea.data", "qzvyn", "update_en.data"):
             (self.publisher.folder / "vyn" / name).write_bytes(b"\x00{[\xff" * 500)
+        # Nothing was unpacked that could be started, and no version could be read.
+        self.expect_errors("shellEx failed", "createProcess failed", "execute failed", "openfile error 2",
+                           "flow_broken_package")
         self.launcher.start()
         self.launcher.wait_log("not a object")
         # The built-in address holds nothing here: no package, and no crash.
@@ -45,7 +49,7 @@ class Faults(Scene):
     def test_engine_that_lacks_a_function_leaves_the_panels_empty(self):
         shutil.copy(BIN / "node_without_wkeOnLoadUrlEnd.dll", self.launcher.folder / "node.dll")
         self.launcher.start_unseen()
-        wait_for(lambda: self.stage.display.window("wkeOnLoadUrlEnd"), 20, "the box that names it")
+        wait_for(lambda: self.stage.wine.window("wkeOnLoadUrlEnd"), 20, "the box that names it")
         self.keys("Return")
         wait_for(self.launcher.window, 20, "the launcher's window")
         self.launcher.wait_log("start check version")  # a fault would have cut the start short

@@ -1,7 +1,5 @@
-import time
-
-from scene import BOX, CHECK, FOLDERS, RUN_KEY, SETTINGS, Scene, main, wait_for
-from stage import REGISTRY_KEY, languages, windows_path
+from scene import BOX, CHECK, FOLDERS, MAIN, RUN_KEY, SETTINGS, Scene, main, wait_for
+from stage import KEY, languages, windows_path
 
 # Languages of the settings' list, with the short codes that they are stored as.
 OFFERED = {"en_US": "en", "zh_CN": "cn", "vi_VN": "vn", "th_TH": "th", "in_ID": "id"}
@@ -43,7 +41,7 @@ class Mouse:
 
     def choose_language(self):
         self.scene.press(SETTINGS, "languageCombo")
-        time.sleep(0.3)  # the list opens
+        self.scene.wait_list()
         self.click(SETTINGS, (174, 684))  # its second row
 
     def answer(self, restart):
@@ -70,12 +68,13 @@ class Keys:
         self.press("Escape")
         self.back_to_settings(FOLDERS)
 
-    # The main window has the keyboard once the other is gone. The button that opened the
-    # settings still has the focus there, and brings them back.
+    # The owner of what was closed has the keyboard then. In the main window the button that opened
+    # the settings still has the focus, and brings them back.
     def back_to_settings(self, closed):
         self.scene.wait_closed(closed)
-        time.sleep(0.5)  # the window manager's part
-        self.press("Return")
+        if self.scene.wait_active(SETTINGS, MAIN) == MAIN[0]:
+            self.press("Return")
+            self.scene.wait_active(SETTINGS)
 
     def check_update(self):
         self.press("Tab", "space")
@@ -105,9 +104,9 @@ class Languages(Scene):
 
     def visit(self, language, hands):
         self.launcher.wait_log("onUpdateResult")
-        self.wait_focus()
+        self.wait_active()
         hands.open_settings()
-        self.wait_open(SETTINGS)
+        self.wait_active(SETTINGS)
         self.switch_autorun(hands)
         hands.choose_exit()
         self.wait_written("minbyclose=0")
@@ -126,26 +125,25 @@ class Languages(Scene):
                          f'"{windows_path(self.launcher.folder)}\\tkvyn.exe" autorun')
 
     def look_at_folders(self, hands):
-        before = self.registry(REGISTRY_KEY, "pathDir")
+        before = self.registry(KEY, "pathDir")
         hands.open_folders()
-        self.wait_open(FOLDERS)
-        time.sleep(0.5)  # until the dialog stands on the present path; it tells nobody
+        self.wait_active(FOLDERS)
         hands.leave_folders()
-        self.assertEqual(self.registry(REGISTRY_KEY, "pathDir"), before)
+        self.assertEqual(self.registry(KEY, "pathDir"), before)
 
     def check_update(self, hands):
         hands.check_update()
-        self.wait_open(CHECK)
+        self.wait_active(CHECK)
         self.launcher.wait_log("onUpdateResult", count=2)
         hands.close_check()
         self.wait_closed(CHECK)
 
     def change_language(self, language, hands):
-        present = self.registry(REGISTRY_KEY, "Language")
+        present = self.registry(KEY, "Language")
         hands.choose_language()
-        self.wait_open(BOX)
+        self.wait_active(BOX)
         self.picture(f"restart_{language}")
-        chosen = self.registry(REGISTRY_KEY, "Language")
+        chosen = self.registry(KEY, "Language")
         self.assertIn(chosen, set(OFFERED.values()) - {present})
         restart = language in OFFERED
         hands.answer(restart)

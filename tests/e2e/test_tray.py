@@ -1,6 +1,6 @@
 import time
 
-from scene import BOX, ROOT, SETTINGS, main, wait_for
+from scene import BOX, FOLDERS, ROOT, SETTINGS, main, wait_for
 from tray_scene import TrayScene
 
 
@@ -30,32 +30,32 @@ class Icon(TrayScene):
         self.start()
         self.hide()
         self.open_menu()
-        self.display.key("Down", "Return")
+        self.keys("Down", "Return")
         self.wait_no_menu()
         self.wait_in_front()
         self.hide()
         self.open_menu()
-        self.display.key("Down", "Down", "Return")
+        self.keys("Down", "Down", "Return")
         self.assertEqual(self.launcher.wait_end(), 1)
         self.assert_nothing_left()
 
     def test_menu_closes_without_a_choice(self):
         self.start()
         self.open_menu()
-        self.display.key("Escape")
+        self.keys("Escape")
         self.wait_no_menu()
         self.open_menu()
         self.launcher.click((800, 300))
         self.wait_no_menu()
         self.hide()
         self.open_menu()
-        self.display.key("Escape")
+        self.keys("Escape")
         self.wait_no_menu()
         self.assertIsNone(self.launcher.window())
         # A second right click takes the menu's place; there is never more than one.
         self.open_menu()
         self.open_menu()
-        self.display.key("Escape")
+        self.keys("Escape")
         self.wait_no_menu()
         self.exit()
 
@@ -64,7 +64,7 @@ class Icon(TrayScene):
         x, y = self.icon()
         left, top, width, height = self.open_menu()
         self.assertEqual((left + width, top + height), (1920, y))
-        self.display.key("Escape")
+        self.keys("Escape")
 
     def test_menu_in_several_scripts(self):
         for language in ("en", "th", "cn"):
@@ -74,7 +74,7 @@ class Icon(TrayScene):
             self.display.move(x + 30, y + 20)
             wait_for(lambda: self.display.pixel(x + 8, y + 8) == "e3e5e8", 10, "the hot row")
             self.display.screenshot(ROOT / f"build/screenshots/tray_menu_{language}.png")
-            self.display.key("Escape")
+            self.keys("Escape")
             self.wait_no_menu()
             self.exit()
 
@@ -92,21 +92,14 @@ class SecondStart(TrayScene):
         self.open_folder_chooser()
         self.second_start()
         self.launcher.wait_log("handle ipc topwindow")
-        self.wait_focus("Browse for Folder")
+        self.wait_active(FOLDERS)
         self.cover()
         self.second_start()
+        self.wait_active(FOLDERS)
 
-        def dialog_in_front():
-            programs = [title for title in self.display.stacking() if title != "panel"]
-            return len(programs) == 3 and programs[-1] == "Browse for Folder"
-        wait_for(dialog_in_front, 10, "the folder chooser in front")
-
-    # Who has the keyboard is not to be seen on this stage: its window manager gives it to the
-    # main window a moment after that has come back. Nor does it take that along from behind
-    # other programs when a window of its own stands before it.
     def test_settings_and_their_question_come_forward(self):
         self.start()
-        for leave in (self.minimise, self.hide):
+        for leave in (self.minimise, self.hide, self.cover):
             for kind, open_it in ((SETTINGS, self.open_settings), (BOX, self.ask_for_restart)):
                 with self.subTest(f"{kind[0]}, {leave.__name__}"):
                     open_it()
@@ -114,6 +107,7 @@ class SecondStart(TrayScene):
                     self.second_start()
                     self.wait_in_front()
                     self.wait_on_top(kind)
+                    self.wait_active(kind)
                     self.press(kind, "closebtn")
                     self.wait_closed(kind)
             self.press(SETTINGS, "closebtn")

@@ -1,5 +1,4 @@
 import os
-import time
 
 from scene import BIN, BOX, CHECK, SETTINGS, UPDATE, Scene, main, wait_for
 
@@ -64,7 +63,7 @@ class Update(Scene):
         self.publisher.update(ver=10000, strVer="1.0.0")
         self.launcher.start()
         self.check()
-        self.wait_open(CHECK)
+        self.wait_active(CHECK)
         self.launcher.wait_log("onUpdateResult", count=2)
         self.picture("update_newest")
         self.keys("space")  # the page's button has the focus
@@ -82,10 +81,9 @@ class Update(Scene):
         self.launcher.start()
         self.open_settings()
         self.press(SETTINGS, "checkUpdateBtn")
-        self.wait_open(CHECK)
+        self.wait_active(CHECK)
         self.assertNotIn("onUpdateResult", self.launcher.log())
         self.launcher.wait_log("onUpdateResult")
-        time.sleep(0.5)  # the page's change
         self.keys("space")  # only that page has a button
         self.wait_closed(CHECK)
         self.assertEqual(self.publisher.requests().count(self.DOCUMENT), 1)
@@ -97,12 +95,12 @@ class Update(Scene):
         self.delay_document(12)
         self.launcher.start()
         self.open_settings()
-        self.press(SETTINGS, "languageCombo")
-        self.keys("Down")
-        self.wait_open(BOX)
+        self.choose_language()
         self.assertNotIn("onUpdateResult", self.launcher.log())
-        self.wait_open(UPDATE)
+        self.wait_active(UPDATE)
         self.picture("update_forced_upon_box")
+        self.stage.wine.give_keyboard(BOX[0])  # from behind the update's window
+        self.wait_active(BOX)
         return self.find(BOX)
 
     def test_forced_update_meets_the_restart_box_left_for_later(self):
@@ -126,7 +124,7 @@ class Update(Scene):
         self.publisher.fault("/vyn/update_en.data", "status", 500)
         self.launcher.start()
         self.check()
-        self.wait_open(CHECK)
+        self.wait_active(CHECK)
         self.picture("update_checking")
         self.launcher.wait_log("onUpdateResult", count=2)
         self.press(CHECK, "closebtn")
@@ -137,7 +135,7 @@ class Update(Scene):
         self.publisher.fault("/new.exe", "slow", 200_000)
         self.launcher.start()
         self.check()
-        self.wait_open(UPDATE)
+        self.wait_active(UPDATE)
         self.wait_closed(CHECK)
         self.picture("update_offered")
         self.press(UPDATE, "updateBtn")
@@ -152,6 +150,7 @@ class Update(Scene):
         self.publisher.fault("/new.exe", "slow", 50_000)
         self.launcher.start()
         self.press(UPDATE, "updateBtn")
+        self.expect_errors("update: download error")  # what a stop looks like
         partial = self.launcher.folder / "update/vyn_1.1.0.exe.tmp"
         wait_for(partial.exists, 20, "the download")
         self.press(UPDATE, "closebtn")
@@ -159,7 +158,7 @@ class Update(Scene):
         size = partial.stat().st_size
         self.open_settings()
         self.press(SETTINGS, "checkUpdateBtn")
-        self.wait_open(UPDATE)
+        self.wait_active(UPDATE)
         self.keys("Escape")
         self.wait_closed(UPDATE)
         self.assertEqual(partial.stat().st_size, size, "the download was ended")
@@ -169,9 +168,10 @@ class Update(Scene):
         self.publish_launcher(forceVer=10100)
         self.publisher.fault("/new.exe", "status", 500, times=3)
         self.launcher.start()
+        self.expect_errors("update: download error")
         self.launcher.wait_log("update: download error 2")
-        self.wait_open(UPDATE)
-        wait_for(lambda: not self.windows()[-1].enabled, 10, "the modal window")
+        self.wait_active(UPDATE)
+        self.wait_button(UPDATE, "updateBtn")
         self.picture("update_failed")
         self.press(UPDATE, "updateBtn")
         self.assert_handed_over()
@@ -179,8 +179,9 @@ class Update(Scene):
     def test_closing_a_forced_update_ends_the_launcher(self):
         self.publish_launcher(forceVer=10100)
         self.publisher.fault("/new.exe", "slow", 10_000)
+        self.expect_errors("update: download error")  # what a stop looks like
         self.launcher.start()
-        self.wait_open(UPDATE)
+        self.wait_active(UPDATE)
         self.picture("update_forced")
         self.press(UPDATE, "oldVersionLabel")  # the window manager gives it the keyboard for sure
         self.keys("Escape")

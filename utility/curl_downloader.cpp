@@ -4,6 +4,7 @@
 #include "utility/encoding.h"
 #include "utility/files.h"
 #include "utility/handles.h"
+#include "utility/http_head.h"
 #include "utility/log.h"
 
 #define CURL_DISABLE_DEPRECATION // the progress function is the one that counts in doubles
@@ -15,7 +16,6 @@
 #include <cstring>
 #include <limits>
 #include <memory>
-#include <optional>
 
 namespace utility {
 
@@ -141,15 +141,18 @@ bool refuse(const char* function) {
     return false;
 }
 
-// The size behind the slash of "Content-Range: bytes */SIZE".
-std::optional<uint64_t> sizeAtServer(CURL* curl) {
+std::wstring headerText(CURL* curl, const char* name) {
     curl_header* header = nullptr;
-    if (curl_easy_header(curl, "Content-Range", 0, CURLH_HEADER, -1, &header) != CURLHE_OK)
-        return std::nullopt;
-    const char* slash = std::strchr(header->value, '/');
-    if (!slash || slash[1] < '0' || slash[1] > '9')
-        return std::nullopt;
-    return std::strtoull(slash + 1, nullptr, 10);
+    if (curl_easy_header(curl, name, 0, CURLH_HEADER, -1, &header) != CURLHE_OK)
+        return {};
+    return ansiToWide(header->value);
+}
+
+HttpHead headOf(CURL* curl) {
+    long status = 0;
+    curl_easy_getinfo(curl, CURLINFO_RESPONSE_CODE, &status);
+    return readHead(static_cast<int>(status), headerText(curl, "Content-Length"),
+                    headerText(curl, "Content-Range"));
 }
 
 void emptyFile(HANDLE file) {
@@ -159,18 +162,15 @@ void emptyFile(HANDLE file) {
 
 // After a request for the rest of a file: true unless the server's answer shows that what
 // the file holds cannot be continued. Such bytes would fail every later try in the same
-// way, so they go, and the next try begins anew.
+// way, so they go, and the next try begins anew. libcurl takes a refused range for a file
+// that is complete already; that holds only for this size.
 bool settleResume(CURL* curl, CURLcode code, HANDLE file, uint64_t startSize) {
-    long status = 0;
-    curl_easy_getinfo(curl, CURLINFO_RESPONSE_CODE, &status);
-    bool rangesIgnored = code == CURLE_RANGE_ERROR && (status == 200 || status == 206);
-    // libcurl takes a refused range for a file that is complete already; that holds only
-    // for this size.
-    bool rangeRefused = code == CURLE_OK && status == 416 && sizeAtServer(curl) != startSize;
-    if (!rangesIgnored && !rangeRefused)
+    const bool rangeFailed = code == CURLE_RANGE_ERROR;
+    const HttpHead head = headOf(curl);
+    if ((code != CURLE_OK && !rangeFailed) || !isBeyondResuming(head, startSize, rangeFailed))
         return true;
     common::log("QzCurlDownloader::downloadFile", __LINE__,
-                L"no way to continue at %I64u, status %d: start anew", startSize, static_cast<int>(status));
+                L"no way to continue at %I64u, status %d: start anew", startSize, head.status);
     emptyFile(file);
     return false;
 }

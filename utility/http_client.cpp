@@ -2,7 +2,7 @@
 
 #include "utility/log.h"
 
-#include <algorithm>
+#include <cwchar>
 #include <memory>
 
 namespace utility {
@@ -21,37 +21,25 @@ bool isHttpsUrl(const std::wstring& url) {
     return _wcsnicmp(url.c_str(), L"https://", 8) == 0;
 }
 
-bool queryStatus(HINTERNET request, int& status) {
-    DWORD value = 0;
-    DWORD size = sizeof value;
-    if (!HttpQueryInfoW(request, HTTP_QUERY_STATUS_CODE | HTTP_QUERY_FLAG_NUMBER, &value, &size, nullptr))
+// Empty for a header that the server did not send or that is longer than any sound number.
+std::wstring queryText(HINTERNET request, DWORD header) {
+    wchar_t text[80];
+    DWORD size = sizeof text;
+    if (!HttpQueryInfoW(request, header, text, &size, nullptr))
+        return {};
+    return std::wstring(text, size / sizeof(wchar_t));
+}
+
+// The length is read as text, because the numeric query stops at 32 bits and a body cut short
+// must be noticed also when it is longer than that.
+bool queryHead(HINTERNET request, HttpHead& head) {
+    DWORD status = 0;
+    DWORD size = sizeof status;
+    if (!HttpQueryInfoW(request, HTTP_QUERY_STATUS_CODE | HTTP_QUERY_FLAG_NUMBER, &status, &size, nullptr))
         return false;
-    status = static_cast<int>(value);
+    head = readHead(static_cast<int>(status), queryText(request, HTTP_QUERY_CONTENT_LENGTH),
+                    queryText(request, HTTP_QUERY_CONTENT_RANGE));
     return true;
-}
-
-// Read as text, because the numeric query stops at 32 bits and a body cut short must be
-// noticed also when it is longer than that.
-std::optional<uint64_t> queryContentLength(HINTERNET request) {
-    wchar_t text[20] = {}; // 19 digits and the zero: always fits 64 bits
-    DWORD size = sizeof text;
-    if (!HttpQueryInfoW(request, HTTP_QUERY_CONTENT_LENGTH, text, &size, nullptr))
-        return std::nullopt;
-    std::wstring_view digits(text, size / sizeof(wchar_t));
-    if (digits.empty() || digits.find_first_not_of(L"0123456789") != digits.npos)
-        return std::nullopt;
-    return wcstoull(text, nullptr, 10);
-}
-
-// The first byte that a "Content-Range: bytes FIRST-LAST/SIZE" names.
-std::optional<uint64_t> queryRangeStart(HINTERNET request) {
-    wchar_t text[80] = {};
-    DWORD size = sizeof text;
-    unsigned long long first = 0;
-    if (!HttpQueryInfoW(request, HTTP_QUERY_CONTENT_RANGE, text, &size, nullptr) ||
-        swscanf(text, L"bytes %llu-", &first) != 1)
-        return std::nullopt;
-    return first;
 }
 
 } // namespace
@@ -123,31 +111,26 @@ bool CHttpClient::sendRequest(CHttpConnection& connection) {
 }
 
 bool CHttpClient::receive(HINTERNET request) {
-    int status = 0;
-    if (!queryStatus(request, status))
+    HttpHead head;
+    if (!queryHead(request, head))
         return fail(ReadStatus, GetLastError());
-    if (status == HTTP_STATUS_PARTIAL_CONTENT && !isWantedRange(request))
+    if (!isWantedRange(head) || (sink && !sink->onHttpRecvHeader(lengthAsCount(head), head.status)))
         return false;
-    std::optional<uint64_t> announced = queryContentLength(request);
-    uint32_t length =
-        announced ? static_cast<uint32_t>(std::min<uint64_t>(*announced, UnknownLength)) : UnknownLength;
-    if (sink && !sink->onHttpRecvHeader(length, status))
-        return false;
-    return readBody(request, announced);
+    return readBody(request, head);
 }
 
-// Bytes from another place than the one asked for would be put where they do not belong.
-bool CHttpClient::isWantedRange(HINTERNET request) {
+bool CHttpClient::isWantedRange(const HttpHead& head) const {
+    constexpr std::wstring_view unit = L"bytes=";
     auto wanted = headers.find(L"Range");
-    std::optional<uint64_t> start = queryRangeStart(request);
-    if (!start || wanted == headers.end() || wanted->second == L"bytes=" + std::to_wstring(*start) + L"-")
+    if (wanted == headers.end() ||
+        judgeBody(head, wcstoull(wanted->second.c_str() + unit.size(), nullptr, 10)) != HttpBody::Elsewhere)
         return true;
     common::log("utility::CHttpClient::request", __LINE__, L"asked for %s, got bytes from %I64u",
-                wanted->second.c_str(), *start);
+                wanted->second.c_str(), *head.rangeFrom);
     return false;
 }
 
-bool CHttpClient::readBody(HINTERNET request, std::optional<uint64_t> announced) {
+bool CHttpClient::readBody(HINTERNET request, const HttpHead& head) {
     auto buffer = std::make_unique<char[]>(BlockSize);
     uint64_t received = 0;
     for (;;) {
@@ -165,10 +148,9 @@ bool CHttpClient::readBody(HINTERNET request, std::optional<uint64_t> announced)
         if (sink && !sink->onHttpRecvData(buffer.get(), length))
             return false;
     }
-    // A connection that the server closes early reads like the end of the body.
-    if (announced && received < *announced) {
+    if (!isWholeBody(head, received)) {
         common::log("utility::CHttpClient::request", __LINE__, L"body ends after %I64u of %I64u bytes",
-                    received, *announced);
+                    received, *head.length);
         return false;
     }
     if (sink)

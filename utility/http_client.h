@@ -1,13 +1,13 @@
 #pragma once
 
 #include "utility/handles.h"
+#include "utility/http_head.h"
 
 #include <wininet.h>
 
 #include <cstdint>
 #include <map>
 #include <mutex>
-#include <optional>
 #include <string>
 
 // One GET at a time through the system's web client: session, address, extra headers and
@@ -58,7 +58,7 @@ public:
     protected:
         ~IHttpClientSink() = default;
     };
-    static constexpr uint32_t UnknownLength = 0xFFFFFFFF;
+    static constexpr uint32_t UnknownLength = UnknownHttpLength;
 
     CHttpClient() = default;
     CHttpClient(const CHttpClient&) = delete;
@@ -84,8 +84,8 @@ private:
     bool openRequest(CHttpConnection& connection);
     bool sendRequest(CHttpConnection& connection);
     bool receive(HINTERNET request);
-    bool isWantedRange(HINTERNET request);
-    bool readBody(HINTERNET request, std::optional<uint64_t> announced);
+    bool isWantedRange(const HttpHead& head) const;
+    bool readBody(HINTERNET request, const HttpHead& head);
     bool isOpen();
     void closeRequest(CHttpConnection& connection);
     bool fail(HttpStep step, uint32_t systemError);

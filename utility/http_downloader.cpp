@@ -10,16 +10,15 @@ namespace {
 
 constexpr unsigned StopWaitMs = 2000;
 
-// Stands before the file sink of a resumed transfer. A server that knows no ranges sends
-// the whole body with status 200; appended, it would leave a file that is neither the
-// old bytes nor the new, so the file begins again.
+// Stands before the file sink of a resumed transfer, whose file begins again when the whole
+// body comes.
 class ResumeSink : public CHttpClient::IHttpClientSink {
 public:
-    explicit ResumeSink(CHttpDownload2FileSink& file) : file(file) {}
+    ResumeSink(CHttpDownload2FileSink& file, uint32_t startSize) : file(file), startSize(startSize) {}
 
     void onHttpError(int step, uint32_t systemError) override { file.onHttpError(step, systemError); }
     bool onHttpRecvHeader(uint32_t contentLength, int status) override {
-        if (status == HTTP_STATUS_OK)
+        if (judgeBody({.status = status}, startSize) == HttpBody::Whole)
             file.forgetStart();
         return file.onHttpRecvHeader(contentLength, status);
     }
@@ -30,6 +29,7 @@ public:
 
 private:
     CHttpDownload2FileSink& file;
+    uint32_t startSize;
 };
 
 } // namespace
@@ -47,7 +47,7 @@ bool CHttpDownloader::download2file(const std::wstring& url, const std::wstring&
     if (resume)
         prepareResume(path);
     CHttpDownload2FileSink file(path, &worker, progress, startSize);
-    ResumeSink sink(file);
+    ResumeSink sink(file, startSize);
     bool done = transfer(url, sink);
     file.close();
     return done;

@@ -3,27 +3,20 @@
 #include "utility/log.h"
 #include "utility/windows.h"
 
-#include <limits>
-
 namespace utility {
 
 namespace {
 
 constexpr uint32_t TotalOfEmptyBody = 10485760;
 
-bool isSuccess(int status) {
-    return status >= 200 && status <= 299;
-}
-
-uint32_t addCounts(uint32_t left, uint32_t right) {
-    constexpr uint32_t most = std::numeric_limits<uint32_t>::max();
-    return left > most - right ? most : left + right;
+bool isRefused(int status) {
+    return judgeBody({.status = status}, 0) == HttpBody::Refused;
 }
 
 } // namespace
 
 bool CHttpDownload2MemSink::onHttpRecvHeader(uint32_t, int status) {
-    return isSuccess(status);
+    return !isRefused(status);
 }
 
 bool CHttpDownload2MemSink::onHttpRecvData(const void* data, uint32_t length) {
@@ -45,7 +38,7 @@ void CHttpDownload2FileSink::onHttpError(int step, uint32_t systemError) {
 }
 
 bool CHttpDownload2FileSink::onHttpRecvHeader(uint32_t contentLength, int status) {
-    if (!isSuccess(status)) {
+    if (isRefused(status)) {
         common::log("utility::CHttpDownload2FileSink::onHttpRecvHeader", __LINE__, L"onHttpErro status = %d",
                     status);
         return false;

@@ -8,7 +8,6 @@ namespace utility {
 
 namespace {
 
-constexpr int Ok = 200;
 constexpr int PartialContent = 206;
 constexpr int RangeNotSatisfiable = 416;
 
@@ -55,16 +54,14 @@ HttpHead readHead(int status, const std::wstring& contentLength, const std::wstr
 HttpBody judgeBody(const HttpHead& head, uint64_t start) {
     if (!isSuccess(head.status))
         return HttpBody::Refused;
-    if (start == 0 || head.status == Ok)
+    if (start == 0 || head.status != PartialContent)
         return HttpBody::Whole;
-    if (head.status == PartialContent && head.rangeFrom.value_or(start) != start)
-        return HttpBody::Elsewhere;
-    return HttpBody::Appended;
+    return head.rangeFrom.value_or(start) == start ? HttpBody::Appended : HttpBody::Elsewhere;
 }
 
 bool isBeyondResuming(const HttpHead& head, uint64_t start, bool rangeFailed) {
     if (rangeFailed)
-        return head.status == Ok || head.status == PartialContent;
+        return isSuccess(head.status);
     return head.status == RangeNotSatisfiable && head.rangeSize != start;
 }
 

@@ -28,9 +28,9 @@ enum class HttpBody {
     Whole,     // the file begins anew with it
 };
 
-// start: the place that was asked for, 0 for a request of the whole. A server that knows no
-// ranges sends the whole with status 200; appended, it would leave a file that is neither the
-// old bytes nor the new.
+// start: the place that was asked for, 0 for a request of the whole. Only status 206 comes with a
+// part. A server that knows no ranges sends the whole with status 200, and through some proxies
+// with 203; appended, it would leave a file that is neither the old bytes nor the new.
 HttpBody judgeBody(const HttpHead& head, uint64_t start);
 
 // For a client that settles ranges by itself: true when the server's answer shows that what

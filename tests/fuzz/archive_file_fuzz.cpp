@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <string>
 #include <unistd.h>
 
@@ -28,11 +29,28 @@ public:
     void onProgress(const wchar_t*, uint64_t, uint64_t, uint64_t doneBytes, uint64_t) override {
         done = doneBytes;
     }
-    void onResult(int, const wchar_t*) override {}
+    void onResult(int code, const wchar_t*) override { result = code; }
+    int result = -1;
 
 private:
     uint64_t done = 0;
 };
+
+// What unpacks with little memory does so by the way that the program goes, over what is
+// there, and in memory.
+void unpackFromFile(const fs::path& folder, const uint8_t* data, size_t size) {
+    const fs::path archive = folder / "archive";
+    std::ofstream(archive, std::ios::binary)
+        .write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
+    Limit limit;
+    const int result =
+        archive::extractArchive(archive.wstring().c_str(), (folder / "target").wstring().c_str(), &limit);
+    fs::remove(archive);
+    const int inMemory = archive::extractArchiveFromMemory(data, static_cast<uint32_t>(size),
+                                                           [](const wchar_t*, const void*, uint32_t) {});
+    if (result != archive::Ok || limit.result != result || inMemory != archive::Ok)
+        abort();
+}
 
 } // namespace
 
@@ -44,7 +62,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     archive::MemoryInput input(data, static_cast<uint32_t>(size));
     {
         archive::FileSink sink((sandbox.path / "inner/target").wstring(), &limit);
-        archive::extract(input, sink, budget);
+        if (archive::extract(input, sink, budget) == archive::Ok)
+            unpackFromFile(sandbox.path / "inner", data, size);
     }
     fs::remove_all(sandbox.path / "inner/target");
     if (!fs::remove(sandbox.path / "inner") || !fs::is_empty(sandbox.path))

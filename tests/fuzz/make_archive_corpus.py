@@ -23,6 +23,11 @@ def own():
     yield "climbs", sz.archive([sz.Block([GOOD, ("../out", b"x")])], with_crc=False)
     yield "no_names", sz.archive([sz.Block([GOOD])], names=False)
     yield "nothing", sz.archive()
+    yield "long_name", sz.archive([sz.Block([("n" * 300, b"x")])], with_crc=False)
+    yield "file_as_folder", sz.archive([sz.Block([("a", b"x"), ("a/b", b"y")])], with_crc=False)
+    yield "folder_as_file", sz.archive([sz.Block([("a/b", b"x"), ("a", b"y")])], with_crc=False)
+    yield "larger_than_the_limit", sz.archive([sz.lzma1_block([("zeros", bytes(5 << 20)), ("more", b"x")])])
+    yield "wrong_crc", sz.archive([sz.Block([GOOD, MORE])]).replace(b"good content", b"evil content")
 
 
 def packed_by_7z(name, switch):

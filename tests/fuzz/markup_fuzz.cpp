@@ -3,10 +3,37 @@
 
 #include <cstdlib>
 #include <cwchar>
+#include <iterator>
 
 // Any bytes as a document in each encoding; then every node and attribute is read. A
 // walk over the table must meet every element once, and the same text has to be the same
 // document as bytes and as wide characters.
+
+// By their numbers and by their names, the first of which counts; and into a buffer, which
+// nothing leaves.
+static void readAttributes(UILib::CMarkupNode& node, size_t limit) {
+    for (int i = 0; i < node.GetAttributeCount(); ++i) {
+        const wchar_t* name = node.GetAttributeName(i);
+        const wchar_t* value = node.FindAttribute(name);
+        if (!value || std::wcslen(name) + std::wcslen(node.GetAttributeValue(i)) > limit)
+            abort();
+        wchar_t buffer[8];
+        if (!node.GetAttributeValue(name, buffer, std::size(buffer)) || std::wcsncmp(buffer, value, 8) != 0)
+            abort();
+    }
+    const int count = node.GetAttributeCount();
+    if (*node.GetAttributeName(count) || *node.GetAttributeValue(-1) || node.FindAttribute(L"<"))
+        abort();
+}
+
+static void checkErrorTexts(const UILib::CMarkup& markup) {
+    wchar_t message[8], location[200];
+    markup.GetLastErrorMessage(message, std::size(message));
+    markup.GetLastErrorLocation(location, std::size(location));
+    if (std::wcslen(message) > 7 || std::wcslen(location) > 199 ||
+        std::wcsncmp(message, markup.GetLastErrorMessage(), std::wcslen(message)) != 0)
+        abort();
+}
 
 static void walk(const UILib::CMarkup& markup, size_t limit) {
     size_t visited = 0;
@@ -14,9 +41,7 @@ static void walk(const UILib::CMarkup& markup, size_t limit) {
     while (node.IsValid()) {
         if (++visited > limit || std::wcslen(node.GetName()) > limit)
             abort();
-        for (int i = 0; i < node.GetAttributeCount(); ++i)
-            if (std::wcslen(node.GetAttributeName(i)) + std::wcslen(node.GetAttributeValue(i)) > limit)
-                abort();
+        readAttributes(node, limit);
         if (node.HasChildren()) {
             node = node.GetChild();
             continue;
@@ -56,6 +81,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         walk(markup, size + 1);
     else if (markup.GetRoot().IsValid() || !*markup.GetLastErrorMessage())
         abort();
+    checkErrorTexts(markup);
     compareWithWide(markup, bytes);
     if (markup.LoadUtf16(bytes))
         walk(markup, size + 1);

@@ -2,6 +2,7 @@
 #include "archive/file_system.h"
 #include "tests/archive/folders.h"
 #include "tests/archive/recorder.h"
+#include "tests/support/log_watch.h"
 
 #include <gtest/gtest.h>
 
@@ -28,12 +29,22 @@ int extract(const fs::path& archivePath, const fs::path& target, Recorder& recor
     return archive::extractArchive(archivePath.wstring(), target.wstring(), &recorder);
 }
 
+// Takes the log: one line, that this file failed with an error of the system.
+void expectErrorOf(const std::wstring& name) {
+    const auto lines = test::takeLog();
+    ASSERT_EQ(lines.size(), 1u);
+    const size_t place = lines[0].find(name + L" error ");
+    ASSERT_NE(place, std::wstring::npos) << utf8(lines[0]);
+    EXPECT_NE(std::stoi(lines[0].substr(place + name.size() + 7)), 0);
+}
+
 } // namespace
 
 TEST(Extract, aMissingArchiveIsAnEarlyEndOfInput) {
     TempFolder temp;
     Recorder recorder;
     EXPECT_EQ(extract(temp / "none.7z", temp / "out", recorder), archive::InputEnd);
+    expectErrorOf(L"none.7z");
     EXPECT_EQ(recorder.results, std::vector<int>{archive::InputEnd});
     EXPECT_EQ(recorder.lastName, L"");
     EXPECT_TRUE(readTree(temp / "").empty());
@@ -75,6 +86,7 @@ TEST(Extract, aFolderInTheFilesPlaceStopsIt) {
     Recorder recorder;
     EXPECT_EQ(extract(treeArchive("between.7z"), temp / "", recorder), archive::OpenFailed);
     EXPECT_EQ(recorder.lastName, L"good.txt");
+    expectErrorOf(L"good.txt");
 }
 
 TEST(Extract, aFileInTheFoldersPlaceStopsIt) {
@@ -83,6 +95,7 @@ TEST(Extract, aFileInTheFoldersPlaceStopsIt) {
     Recorder recorder;
     EXPECT_EQ(extract(treeArchive("between.7z"), temp / "", recorder), archive::OpenFailed);
     EXPECT_EQ(recorder.lastName, L"z/more.txt");
+    expectErrorOf(L"more.txt");
     EXPECT_EQ(readFile(temp / "z"), "mine");
 }
 
@@ -130,6 +143,7 @@ TEST(Extract, aFileInUseStopsIt) {
     ASSERT_TRUE(inUse);
     Recorder recorder;
     EXPECT_EQ(extract(treeArchive("between.7z"), temp / "", recorder), archive::OpenFailed);
+    expectErrorOf(L"good.txt");
     inUse.reset();
     EXPECT_EQ(readFile(temp / "good.txt"), "mine");
 }
@@ -154,7 +168,9 @@ TEST(Extract, linksInsideTheDestinationAreNotFollowed) {
     EXPECT_EQ(extract(treeArchive("between.7z"), temp / "folder_link", recorder), archive::OpenFailed);
     fs::create_directories(temp / "file_link");
     fs::create_symlink(temp / "outside/file.txt", temp / "file_link/good.txt");
+    test::takeLog();
     EXPECT_EQ(extract(treeArchive("between.7z"), temp / "file_link", recorder), archive::OpenFailed);
+    expectErrorOf(L"good.txt");
     EXPECT_EQ(readTree(temp / "outside"), (Tree{{"file.txt", "mine"}}));
     // The destination itself is the user's choice.
     fs::create_directory_symlink(temp / "outside", temp / "chosen");
@@ -174,6 +190,7 @@ TEST(Extract, aFailedWriteStopsItAndKeepsWhatStands) {
     setrlimit(RLIMIT_FSIZE, &old);
     signal(SIGXFSZ, oldHandler);
     EXPECT_EQ(result, archive::WriteFailed);
+    expectErrorOf(recorder.lastName);
     EXPECT_EQ(fs::file_size(temp / "out" / recorder.lastName), 100000u);
 }
 #endif

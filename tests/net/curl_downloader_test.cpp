@@ -88,6 +88,7 @@ TEST_F(CurlDownloader, aBodyThatEndsEarlyStaysForTheNextTry) {
     EXPECT_TRUE(held() == body.substr(0, 200000));
     EXPECT_TRUE(fetch());
     EXPECT_TRUE(held() == body);
+    EXPECT_EQ(logged(L"curl download error Transferred a partial file"), 2);
 }
 
 TEST_F(CurlDownloader, aCompletePartialFileIsDone) {
@@ -112,6 +113,7 @@ TEST_F(CurlDownloader, bytesThatCannotBeContinuedGo) {
         EXPECT_TRUE(fetch());
         EXPECT_TRUE(held() == body) << rule;
     }
+    EXPECT_EQ(logged(L"curl download error Requested range was not delivered"), 2);
 }
 
 TEST_F(CurlDownloader, anErrorStatusDoesNotCostThePartialFile) {
@@ -119,6 +121,7 @@ TEST_F(CurlDownloader, anErrorStatusDoesNotCostThePartialFile) {
     spoil("status,500,1");
     EXPECT_FALSE(fetch());
     EXPECT_TRUE(held() == body.substr(0, 1000));
+    EXPECT_EQ(logged(L"curl download error"), 1);
 }
 
 TEST_F(CurlDownloader, filesFollowFiveRedirectsAndNoLoop) {
@@ -126,6 +129,7 @@ TEST_F(CurlDownloader, filesFollowFiveRedirectsAndNoLoop) {
     EXPECT_FALSE(fetch());
     EXPECT_EQ(server.requests().size(), 6u);
     EXPECT_EQ(held(), "");
+    EXPECT_EQ(logged(L"curl download error Number of redirects hit maximum amount"), 1);
 }
 
 TEST_F(CurlDownloader, progressCountsTheWholeFileAndNeverSays100) {
@@ -179,6 +183,7 @@ TEST_F(CurlDownloader, theLibraryStaysWhileATransferRuns) {
 
     server.stop(); // ends the wait
     EXPECT_FALSE(transfer.get());
+    EXPECT_EQ(logged(L"curl download error"), 1);
     CurlLibrary::end();
     EXPECT_EQ(logged(L"the library stays"), 2);
     EXPECT_EQ(logged(L"curl has ended"), 2);

@@ -1,27 +1,14 @@
 #include "tests/net/net_fixture.h"
 
+#include "tests/support/log_watch.h"
 #include "utility/encoding.h"
 #include "utility/files.h"
 #include "utility/handles.h"
-#include "utility/log.h"
 
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <mutex>
 #include <thread>
-
-namespace {
-
-std::mutex linesLock;
-std::vector<std::wstring> lines;
-
-void keepLine(const char*, int, const wchar_t* text) {
-    std::scoped_lock guard(linesLock);
-    lines.emplace_back(text);
-}
-
-} // namespace
 
 void NetTest::SetUp() {
     static int number = 0;
@@ -31,13 +18,11 @@ void NetTest::SetUp() {
              (L"vyn_net_" + std::to_wstring(GetCurrentProcessId()) + L"_" + std::to_wstring(++number)) +
              L"\\";
     ASSERT_TRUE(utility::ufile::makeDir(folder.substr(0, folder.size() - 1)));
-    captureLog();
     ASSERT_TRUE(server.start());
 }
 
 void NetTest::TearDown() {
     server.stop();
-    common::setLogSink(nullptr);
     EXPECT_TRUE(utility::ufile::removeDir(folder.substr(0, folder.size() - 1)));
 }
 
@@ -82,17 +67,13 @@ void writeFile(const std::wstring& path, const std::string& bytes) {
 }
 
 void captureLog() {
-    std::scoped_lock guard(linesLock);
-    lines.clear();
-    common::setLogSink(keepLine);
+    test::takeLog();
+    test::watchLog();
 }
 
 int logged(const std::wstring& text) {
-    std::scoped_lock guard(linesLock);
-    int count = 0;
-    for (const std::wstring& line : lines)
-        count += line.find(text) != line.npos;
-    return count;
+    test::allowErrors(text);
+    return test::logged(text);
 }
 
 bool waitFor(const std::function<bool()>& condition, std::chrono::milliseconds limit) {

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-// A publisher in this process, a folder of its own for targets, and the log kept.
+// A publisher in this process, and a folder of its own for targets.
 
 class NetTest : public testing::Test {
 protected:
@@ -38,10 +38,10 @@ std::wstring fullDisk();
 std::string readFile(const std::wstring& path);
 void writeFile(const std::wstring& path, const std::string& bytes);
 
-// From here on, what is logged is kept for logged(). NetTest does it for its tests.
+// Forgets what was logged so far.
 void captureLog();
 
-// How many logged lines contain text, since captureLog.
+// How many lines of the running test hold this text. They are no surprise then.
 int logged(const std::wstring& text);
 
 // False if condition does not come true in time.

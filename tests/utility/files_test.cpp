@@ -12,7 +12,6 @@ using namespace utility::ufile;
 
 class FilesTest : public testing::Test {
 protected:
-    test::LogRecorder log;
     test::TempFolder folder;
 };
 
@@ -45,10 +44,10 @@ TEST_F(FilesTest, MakesAllMissingParentsAndAcceptsWhatIsThere) {
     EXPECT_TRUE(makeDir(deep));
     EXPECT_TRUE(makeDir(deep));
     EXPECT_TRUE(isExist(deep));
-    EXPECT_TRUE(log.take().empty());
+    EXPECT_TRUE(test::takeLog().empty());
     test::writeFile(folder.path + L"file", "");
     EXPECT_FALSE(makeDir(folder.path + L"file\\below"));
-    const auto lines = log.take();
+    const auto lines = test::takeLog();
     ASSERT_EQ(lines.size(), 1u);
     EXPECT_TRUE(lines[0].starts_with(L"make dir failed! error = "));
 }
@@ -104,7 +103,7 @@ TEST_F(FilesTest, MovesCopiesAndRemovesOrTellsWhyNot) {
     EXPECT_EQ(test::readFile(c), "new");
     EXPECT_TRUE(removeFile(c));
     EXPECT_FALSE(removeFile(c));
-    const auto lines = log.take();
+    const auto lines = test::takeLog();
     ASSERT_EQ(lines.size(), 4u);
     EXPECT_TRUE(
         lines[0].starts_with(L"move file from [ " + b + L" ] to [ " + c + L" ] flag = 3 failed! error = "));
@@ -128,7 +127,7 @@ TEST_F(FilesTest, AFileHandleContinuesOrEmptiesAFile) {
     file.close();
     EXPECT_EQ(test::readFile(path), "");
     EXPECT_FALSE(file.write("x", 1));
-    EXPECT_EQ(log.take().size(), 1u);
+    EXPECT_EQ(test::takeLog().size(), 1u);
     const auto locked = lockFile(path);
     EXPECT_FALSE(file.open(path, true));
     EXPECT_FALSE(file.create(path));

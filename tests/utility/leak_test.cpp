@@ -68,7 +68,7 @@ TEST(Leaks, ServicesWithTimerTasksAndLog) {
         common::postToWindowThread([] {});
         common::stopServices();
     });
-    common::setLogSink(nullptr);
+    test::watchLog();
 }
 
 TEST(Leaks, FilesAndKeys) {
@@ -90,6 +90,7 @@ TEST(Leaks, FilesAndKeys) {
 }
 
 TEST(Leaks, ChildProcesses) {
+    test::allowErrors(L"execute exitcode = 0");
     expectNoLeak(
         [] { EXPECT_TRUE(utility::process::execute(test::childProgram(), L"exit 0", false, 20000)); });
 }

@@ -22,10 +22,7 @@ constexpr size_t Tail = 2097152;
 class LogWriterTest : public testing::Test {
 protected:
     LogWriterTest() { common::setLogSink(common::writeLogLine); }
-    ~LogWriterTest() override {
-        LogWriter::stop();
-        common::setLogSink(nullptr);
-    }
+    ~LogWriterTest() override { LogWriter::stop(); }
 
     std::string contents() const { return test::readFile(path); }
 

@@ -13,8 +13,9 @@ using utility::KernelHandle;
 
 class ProcessTest : public testing::Test {
 protected:
-    bool logged(const std::wstring& start) {
-        for (const std::wstring& line : log.take())
+    // Takes the log; whether a line of it begins so.
+    static bool told(const std::wstring& start) {
+        for (const std::wstring& line : test::takeLog())
             if (line.starts_with(start))
                 return true;
         return false;
@@ -25,7 +26,6 @@ protected:
         return L"touch \"" + folder.path + name + L"\" " + std::to_wstring(exitCode);
     }
 
-    test::LogRecorder log;
     test::TempFolder folder;
     const std::wstring child = test::childProgram();
 };
@@ -33,12 +33,12 @@ protected:
 TEST_F(ProcessTest, ExecuteTellsTheExitCode) {
     EXPECT_TRUE(execute(child, touch(L"a b", 0), false, 20000));
     EXPECT_TRUE(utility::ufile::isExist(folder.path + L"a b"));
-    EXPECT_TRUE(logged(L"execute exitcode = 0 lastError = "));
+    EXPECT_TRUE(told(L"execute exitcode = 0 lastError = "));
     EXPECT_FALSE(execute(child, L"exit 3", false, 20000));
-    EXPECT_TRUE(logged(L"execute exitcode = 3 lastError = "));
+    EXPECT_TRUE(told(L"execute exitcode = 3 lastError = "));
     EXPECT_TRUE(execute(child, L"exit 3", false, 0)); // started is enough
     EXPECT_FALSE(execute(folder.path + L"none.exe", L"", false, 20000));
-    const auto lines = log.take();
+    const auto lines = test::takeLog();
     ASSERT_EQ(lines.size(), 4u);
     EXPECT_EQ(lines[2], L"createProcess failed!!! lastError = 2");
     EXPECT_EQ(lines[3], L"execute failed!!! last error = 2");
@@ -53,12 +53,12 @@ TEST_F(ProcessTest, AChildOutlivesItsTimeOut) {
     EXPECT_EQ(WaitForSingleObject(sleeper.get(), 0), DWORD(WAIT_TIMEOUT));
     TerminateProcess(sleeper.get(), 0);
     EXPECT_FALSE(execute(child, L"sleep", false, 50));
-    EXPECT_TRUE(logged(L"execute timeout!!!"));
+    EXPECT_TRUE(told(L"execute timeout!!!"));
 }
 
 TEST_F(ProcessTest, ThePathOfAnUnknownProcessIsEmpty) {
     EXPECT_EQ(GetProcessPath(0xFFFFFFF0), L"");
-    EXPECT_TRUE(log.take().empty());
+    EXPECT_TRUE(test::takeLog().empty());
 }
 
 TEST_F(ProcessTest, ShellStartsWithAndWithoutElevation) {
@@ -67,18 +67,18 @@ TEST_F(ProcessTest, ShellStartsWithAndWithoutElevation) {
         EXPECT_TRUE(shell(child, touch(name, 0), runas, false));
         EXPECT_TRUE(test::waitUntil([&] { return utility::ufile::isExist(folder.path + name); }));
     }
-    EXPECT_TRUE(logged(L"shell filename = [" + child + L"], param = ["));
+    EXPECT_TRUE(told(L"shell filename = [" + child + L"], param = ["));
     EXPECT_FALSE(shell(folder.path + L"none.exe", L"", false, false));
-    EXPECT_TRUE(logged(L"shellEx failed!!! lastError = "));
+    EXPECT_TRUE(told(L"shellEx failed!!! lastError = "));
 }
 
 TEST_F(ProcessTest, ShellExWaitsForAnExitCodeOfZero) {
     EXPECT_TRUE(shellEx(child, L"exit 0", true, false, 20000));
     EXPECT_FALSE(shellEx(child, L"exit 3", false, false, 20000));
-    EXPECT_TRUE(logged(L"shellEx exitcode = 0"));
+    EXPECT_TRUE(told(L"shellEx exitcode = 0"));
     EXPECT_TRUE(shellEx(child, L"exit 3", false, false, 0));
     EXPECT_FALSE(shellEx(folder.path + L"none.exe", L"", false, false, 20000));
-    EXPECT_TRUE(logged(L"shellEx failed!!! lastError = "));
+    EXPECT_TRUE(told(L"shellEx failed!!! lastError = "));
 }
 
 // A program in the place of the desktop's shell. Wine runs its own from the system folder,
@@ -125,6 +125,7 @@ TEST_F(ProcessTest, CreateAsUserRefusesALineBeyondItsBufferSoThatShellTakesOver)
     EXPECT_EQ(createAsUser(child, fits.c_str(), true), 0);
     EXPECT_EQ(createAsUser(child, (fits + L" ").c_str(), true), -1);
     EXPECT_TRUE(shellEx(child, fits + L" ", false, false, 20000));
+    EXPECT_TRUE(told(L"shellEx filename = "));
 }
 
 } // namespace

@@ -22,7 +22,6 @@ protected:
         return key.RegRead(L"v", value);
     }
 
-    test::LogRecorder log;
     const std::wstring subkey = L"Software\\vyn-test-" + std::to_wstring(GetCurrentProcessId());
     RegKeyEx key;
     std::wstring value;
@@ -55,7 +54,7 @@ TEST_F(RegistryTest, FailuresLeaveTheTextAlone) {
     const std::vector<std::wstring> told = {L"open reg = " + subkey + L"-none, lastError = 2",
                                             L"m_hKey is null, query reg = v",
                                             L"m_hKey is null, query reg = v", L"read reg lastError = 2"};
-    EXPECT_EQ(log.take(), told);
+    EXPECT_EQ(test::takeLog(), told);
 }
 
 TEST_F(RegistryTest, ReadsNoOtherTypeAsText) {
@@ -69,7 +68,7 @@ TEST_F(RegistryTest, ReadsNoOtherTypeAsText) {
         setRaw(type, data, size);
         EXPECT_EQ(read(), ERROR_INVALID_DATA) << type;
         EXPECT_EQ(value, L"before");
-        EXPECT_EQ(log.take(),
+        EXPECT_EQ(test::takeLog(),
                   std::vector{L"read reg = v, type = " + std::to_wstring(type) + L" is not text"});
     }
 }
@@ -95,7 +94,7 @@ TEST_F(RegistryTest, RefusesTextBeyondItsBuffer) {
     EXPECT_EQ(key.RegWrite(L"v", std::wstring(1023, L'x')), 0); // 2048 bytes with its terminator
     EXPECT_EQ(read(), ERROR_MORE_DATA);
     EXPECT_EQ(value, L"before");
-    EXPECT_EQ(log.take(), std::vector{L"read reg lastError = " + std::to_wstring(ERROR_MORE_DATA)});
+    EXPECT_EQ(test::takeLog(), std::vector{L"read reg lastError = " + std::to_wstring(ERROR_MORE_DATA)});
 }
 
 } // namespace

@@ -12,7 +12,6 @@ using namespace utility::ufile;
 
 class RemoveDirTest : public testing::Test {
 protected:
-    test::LogRecorder log;
     test::TempFolder folder;
     const std::wstring tree = folder.path + L"tree";
 };
@@ -44,7 +43,7 @@ TEST_F(RemoveDirTest, PassesOverWhatItCannotRemove) {
     EXPECT_TRUE(isExist(path));
     for (const wchar_t* name : {L"\\a", L"\\inner\\other", L"\\z"})
         EXPECT_FALSE(isExist(tree + name));
-    const auto lines = log.take();
+    const auto lines = test::takeLog();
     ASSERT_EQ(lines.size(), 3u); // the file, its folder, the top
     EXPECT_EQ(lines[0], L"DeleteFile fileName = " + path + L" error = 32");
     EXPECT_EQ(lines[1], L"RemoveDirectory error = 145");
@@ -57,7 +56,7 @@ TEST_F(RemoveDirTest, TellsOfAMissingFolderAndOfNoFolder) {
     test::writeFile(tree, "x");
     EXPECT_FALSE(removeDir(tree));
     EXPECT_EQ(test::readFile(tree), "x");
-    const auto lines = log.take();
+    const auto lines = test::takeLog();
     ASSERT_EQ(lines.size(), 3u);
     for (const std::wstring& line : lines)
         EXPECT_TRUE(line.starts_with(L"RemoveDirectory error = "));
@@ -121,7 +120,7 @@ TEST_F(RemoveDirTest, DoesNotFollowALink) {
     }
     EXPECT_EQ(test::readFile(outside + L"\\kept"), "x");
     EXPECT_TRUE(isExist(outside + L"\\inner"));
-    log.take(); // that Wine does not remove the link itself
+    test::takeLog(); // that Wine does not remove the link itself
 }
 
 } // namespace

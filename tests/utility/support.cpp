@@ -1,26 +1,16 @@
 #include "tests/utility/support.h"
 
 #include "utility/files.h"
-#include "utility/log.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <mutex>
 
 namespace test {
 
 namespace {
-
-std::mutex mutex;
-std::vector<std::wstring> lines;
-
-void record(const char*, int, const wchar_t* text) {
-    const std::lock_guard lock(mutex);
-    lines.emplace_back(text);
-}
 
 std::wstring newTempPath() {
     static int number = 0;
@@ -31,23 +21,6 @@ std::wstring newTempPath() {
 }
 
 } // namespace
-
-LogRecorder::LogRecorder() {
-    take();
-    common::setLogSink(record);
-}
-
-LogRecorder::~LogRecorder() {
-    common::setLogSink(nullptr);
-    for (const std::wstring& line : take())
-        if (line.find(L"error") != line.npos || line.find(L"failed") != line.npos)
-            ADD_FAILURE() << "unexpected log line: " << std::filesystem::path(line).string();
-}
-
-std::vector<std::wstring> LogRecorder::take() {
-    const std::lock_guard lock(mutex);
-    return std::exchange(lines, {});
-}
 
 TempFolder::TempFolder() : path(newTempPath()) {
     if (!CreateDirectoryW(path.c_str(), nullptr))

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/support/log_watch.h"
 #include "utility/windows.h"
 
 #include <atomic>
@@ -10,15 +11,6 @@
 // What the tests of this folder share.
 
 namespace test {
-
-// Receives the log for the length of a test. Lines of an error that nobody took fail it.
-class LogRecorder {
-public:
-    LogRecorder();
-    ~LogRecorder();
-
-    std::vector<std::wstring> take(); // the lines since the last call, texts only
-};
 
 // A folder of its own below the temporary folder, gone with the object. The path has
 // blanks and letters outside any code page of the tests; it ends in a backslash.

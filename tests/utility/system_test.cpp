@@ -12,10 +12,9 @@ using namespace utility;
 using namespace utility::usystem;
 
 TEST(System, TellsTheVersionInTheLog) {
-    test::LogRecorder log;
     const bool win8 = isWin8OS();
     EXPECT_TRUE(isVistaOrLater());
-    const auto lines = log.take();
+    const auto lines = test::takeLog();
     ASSERT_EQ(lines.size(), 1u);
     int major = 0, minor = 0;
     ASSERT_EQ(swscanf(lines[0].c_str(), L"isWin8OS major = %d, minor = %d", &major, &minor), 2);

@@ -1,6 +1,5 @@
 #include "tests/utility/support.h"
 
-#include "utility/log.h"
 #include "utility/task_dispatcher.h"
 
 #include <gtest/gtest.h>
@@ -23,7 +22,7 @@ class TaskDispatcherTest : public testing::Test {
 protected:
     TaskDispatcherTest() {
         common::startServices();
-        common::setLogSink(nullptr);
+        test::watchLog();
         Counted::alive = 0;
     }
     ~TaskDispatcherTest() override {
@@ -97,7 +96,7 @@ TEST_F(TaskDispatcherTest, WorkersMayPostWhileServicesComeAndGo) {
         const int before = refused;
         EXPECT_TRUE(test::waitUntil([&] { return refused > before; }));
         common::startServices();
-        common::setLogSink(nullptr);
+        test::watchLog();
         const int accepted = posted;
         EXPECT_TRUE(test::pumpUntil([&] { return posted > accepted; }));
     }

@@ -44,16 +44,46 @@ TEST_F(ProcessTest, ExecuteTellsTheExitCode) {
     EXPECT_EQ(lines[3], L"execute failed!!! last error = 2");
 }
 
-TEST_F(ProcessTest, AChildOutlivesItsTimeOut) {
+// Children that live until the object goes, and show then that they did.
+class LiveChildren {
+public:
+    explicit LiveChildren(const std::wstring& folder) : folder(folder) {}
+    ~LiveChildren() {
+        SetEvent(event.get());
+        for (int child = 1; child <= count; ++child)
+            EXPECT_TRUE(test::waitUntil([&] { return utility::ufile::isExist(file(child)); })) << child;
+    }
+
+    // The parameters of one more.
+    std::wstring next() { return L"await " + name + L" \"" + file(++count) + L"\""; }
+
+private:
+    std::wstring file(int child) const { return folder + L"lived " + std::to_wstring(child); }
+
+    const std::wstring folder;
+    const std::wstring name = L"vyn-children-" + std::to_wstring(GetCurrentProcessId());
+    const KernelHandle event{CreateEventW(nullptr, TRUE, FALSE, name.c_str())};
+    int count = 0;
+};
+
+TEST_F(ProcessTest, CreateNamesTheChildThatItHandsOver) {
+    LiveChildren living(folder.path);
     DWORD id = 0;
-    const KernelHandle sleeper(create(child, L"sleep", false, &id));
-    ASSERT_TRUE(sleeper);
-    EXPECT_EQ(GetProcessId(sleeper.get()), id);
+    const KernelHandle process(create(child, living.next(), false, &id));
+    ASSERT_TRUE(process);
+    EXPECT_EQ(GetProcessId(process.get()), id);
     EXPECT_EQ(GetProcessPath(id), child);
-    EXPECT_EQ(WaitForSingleObject(sleeper.get(), 0), DWORD(WAIT_TIMEOUT));
-    TerminateProcess(sleeper.get(), 0);
-    EXPECT_FALSE(execute(child, L"sleep", false, 50));
+    EXPECT_EQ(WaitForSingleObject(process.get(), 0), DWORD(WAIT_TIMEOUT));
+}
+
+TEST_F(ProcessTest, AChildOutlivesItsTimeOutAndTheWaitThatWasNotWanted) {
+    LiveChildren living(folder.path);
+    EXPECT_FALSE(execute(child, living.next(), false, 50));
     EXPECT_TRUE(told(L"execute timeout!!!"));
+    EXPECT_FALSE(shellEx(child, living.next(), false, false, 50));
+    EXPECT_TRUE(told(L"shellEx timeout!!!"));
+    EXPECT_TRUE(execute(child, living.next(), false, 0));
+    EXPECT_TRUE(shellEx(child, living.next(), false, false, 0));
 }
 
 TEST_F(ProcessTest, ThePathOfAnUnknownProcessIsEmpty) {
@@ -89,12 +119,12 @@ public:
         // There already when an earlier run was killed in the middle.
         EXPECT_TRUE(utility::ufile::isExist(aside) || MoveFileW(path.c_str(), aside.c_str()));
         EXPECT_TRUE(CopyFileW(test::childProgram().c_str(), path.c_str(), FALSE));
-        process.reset(utility::process::create(path, L"sleep", false));
+        process.reset(utility::process::create(path, L"await " + name + L" none", false));
         EXPECT_TRUE(process);
     }
     ~DesktopShell() {
         TerminateProcess(process.get(), 0);
-        WaitForSingleObject(process.get(), 5000);
+        WaitForSingleObject(process.get(), 20000);
         EXPECT_TRUE(MoveFileExW(aside.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING));
     }
 
@@ -107,6 +137,8 @@ private:
 
     const std::wstring path = inWindowsFolder(L"\\explorer.exe");
     const std::wstring aside = inWindowsFolder(L"\\explorer.exe.aside");
+    const std::wstring name = L"vyn-shell-" + std::to_wstring(GetCurrentProcessId());
+    const KernelHandle never{CreateEventW(nullptr, TRUE, FALSE, name.c_str())};
     KernelHandle process;
 };
 
@@ -116,6 +148,24 @@ TEST_F(ProcessTest, CreateAsUserStartsWithTheRightsOfTheDesktopShell) {
     EXPECT_EQ(createAsUser(child, parameters.c_str(), true), 0); // the exit code is not looked at
     EXPECT_TRUE(utility::ufile::isExist(folder.path + L"a b"));
     EXPECT_EQ(createAsUser(folder.path + L"none.exe", L"", true), -1);
+    EXPECT_EQ(createAsUser(child, nullptr, true), 0);
+    LiveChildren living(folder.path);
+    EXPECT_EQ(createAsUser(child, living.next().c_str(), false), 0);
+}
+
+TEST_F(ProcessTest, NoStartKeepsAHandle) {
+    const DesktopShell shell;
+    const std::wstring none = folder.path + L"none.exe";
+    test::expectNoLeak(1, [&] {
+        EXPECT_TRUE(execute(child, L"exit 0", false, 20000));
+        EXPECT_TRUE(shellEx(child, L"exit 0", false, false, 20000));
+        EXPECT_EQ(createAsUser(child, L"exit 0", true), 0);
+        EXPECT_EQ(GetProcessPath(GetCurrentProcessId()).find(L'\0'), std::wstring::npos);
+        EXPECT_FALSE(execute(none, L"", false, 0));
+        EXPECT_FALSE(shellEx(none, L"", false, false, 0));
+        EXPECT_EQ(createAsUser(none, L"", true), -1);
+    });
+    test::takeLog();
 }
 
 TEST_F(ProcessTest, CreateAsUserRefusesALineBeyondItsBufferSoThatShellTakesOver) {

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -40,6 +41,25 @@ void writeFile(const std::wstring& path, const std::string& bytes) {
     std::ofstream file(std::filesystem::path(path), std::ios::binary);
     file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     EXPECT_TRUE(file.flush());
+}
+
+kit::ProcessCounts counts() {
+    kit::ProcessCounts now;
+    EXPECT_TRUE(kit::readProcessCounts(GetCurrentProcessId(), now));
+    return now;
+}
+
+void expectNoLeak(int rounds, const std::function<void()>& round) {
+    for (int i = 0; i < std::min(rounds, 3); ++i) // the first ones may load what stays for good
+        round();
+    counts();
+    const kit::ProcessCounts before = counts();
+    for (int i = 0; i < rounds; ++i)
+        round();
+    const kit::ProcessCounts after = counts();
+    EXPECT_LE(after.handles, before.handles);
+    EXPECT_LE(after.threads, before.threads);
+    EXPECT_LE(after.windows, before.windows);
 }
 
 std::wstring childProgram() {

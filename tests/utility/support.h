@@ -1,10 +1,12 @@
 #pragma once
 
+#include "kit/process_counts.h"
 #include "tests/support/log_watch.h"
 #include "utility/windows.h"
 
 #include <atomic>
 #include <chrono>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -26,6 +28,12 @@ std::string readFile(const std::wstring& path);
 void writeFile(const std::wstring& path, const std::string& bytes);
 
 std::wstring childProgram();
+
+// What this program holds now.
+kit::ProcessCounts counts();
+
+// Fails the test when the rounds leave handles, threads or windows behind.
+void expectNoLeak(int rounds, const std::function<void()>& round);
 
 // Counts the living ones; captured in a task it tells when the task is freed.
 class Counted {

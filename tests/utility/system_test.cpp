@@ -1,5 +1,6 @@
 #include "tests/utility/support.h"
 
+#include "utility/encoding.h"
 #include "utility/handles.h"
 #include "utility/system.h"
 
@@ -43,6 +44,39 @@ TEST(System, BringToFrontRestoresAMinimisedWindow) {
     EXPECT_TRUE(IsWindowVisible(window));
     EXPECT_FALSE(GetWindowLongW(window, GWL_EXSTYLE) & WS_EX_TOPMOST); // not left in the upper band
     DestroyWindow(window);
+}
+
+// A kind of address that belongs to the child program.
+class OwnScheme {
+public:
+    // What it is told stands in the file then.
+    explicit OwnScheme(const std::wstring& file) {
+        set(L"", L"URL Protocol", L"");
+        set(L"\\shell\\open\\command", nullptr,
+            L"\"" + test::childProgram() + L"\" tell \"" + file + L"\" \"%1\"");
+    }
+    ~OwnScheme() { RegDeleteTreeW(HKEY_CLASSES_ROOT, name.c_str()); }
+
+    const std::wstring name = L"vyntest" + std::to_wstring(GetCurrentProcessId());
+
+private:
+    void set(const wchar_t* below, const wchar_t* value, const std::wstring& text) {
+        EXPECT_EQ(RegSetKeyValueW(HKEY_CLASSES_ROOT, (name + below).c_str(), value, REG_SZ, text.c_str(),
+                                  static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t))),
+                  0);
+    }
+};
+
+TEST(System, AnAddressOpensInTheProgramForItsKind) {
+    const test::TempFolder folder;
+    const std::wstring file = folder.path + L"told";
+    const OwnScheme scheme(file);
+    int count = 0;
+    test::expectNoLeak(2, [&] {
+        const std::string number = std::to_string(++count);
+        openUrl(scheme.name + L":a%20b?c=" + utility::ansiToWide(number));
+        EXPECT_TRUE(test::waitUntil([&] { return test::readFile(file).ends_with(":a%20b?c=" + number); }));
+    });
 }
 
 // A window and its dialog, as a modal loop has them.

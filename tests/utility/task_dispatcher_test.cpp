@@ -86,12 +86,14 @@ TEST_F(TaskDispatcherTest, WorkersMayPostWhileServicesComeAndGo) {
     std::atomic<bool> done = false;
     std::atomic<int> posted = 0, refused = 0;
     std::vector<std::thread> workers;
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 2; ++i)
         workers.emplace_back([&] {
-            while (!done)
+            while (!done) {
                 ++(postToWindowThread([counted = Counted()] {}) ? posted : refused);
+                Sleep(0); // not to starve the window thread
+            }
         });
-    for (int i = 0; i < 100; ++i) {
+    for (int i = 0; i < 30; ++i) {
         common::stopServices();
         const int before = refused;
         EXPECT_TRUE(test::waitUntil([&] { return refused > before; }));

@@ -40,9 +40,7 @@ TEST_F(Scripts, endsWhatNeverWouldAndGoesOn) {
         "}{",
     };
     for (const char* source : hostile) {
-        const auto begin = std::chrono::steady_clock::now();
-        EXPECT_FALSE(script.run(source)) << source;
-        EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5)) << source;
+        EXPECT_FALSE(script.run(source)) << source; // ends at all
         EXPECT_TRUE(script.run("PCOpenUrl('still here')")) << source;
     }
     const std::string brackets(100000, '(');
@@ -60,10 +58,11 @@ TEST_F(Scripts, openOnlySoManyAddresses) {
     EXPECT_EQ(calls.size(), 3 * NativeCalls);
 }
 
+// The second script needs a small part of the time, but longer than the interpreter's steps
+// between two looks at the clock.
 TEST_F(Scripts, ofOnePageShareItsTime) {
-    const auto begin = std::chrono::steady_clock::now();
-    script.runTogether(std::vector<std::string>(100, "for(;;);"));
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
+    script.runTogether({"for(;;);", "for (var i = 0; i < 300000; i++); PCOpenUrl('late')"});
+    EXPECT_EQ(calls, std::vector<std::string>{});
     script.runTogether({"throw 1", "PCOpenUrl('next')"});
     EXPECT_EQ(calls, std::vector<std::string>{"next"});
 }

@@ -6,6 +6,8 @@ FOLDER/trees/NAME          what '7z x' makes of it, less the folders and empty f
                            stand behind the last entry with data
 FOLDER/refused/NAME.7z     a good file, then one whose name must be refused
 FOLDER/faults/CODE_NAME.7z archives with the fault NAME, for which the result is CODE
+FOLDER/limits/far.7z       lacks 5 GiB behind its first 32 bytes
+FOLDER/limits/claim_N.7z   claims an entry of 2 to the 30 and N bytes, which its data is not
 The same bytes each time, but for what another version of 7z would change.
 """
 import os
@@ -183,6 +185,16 @@ def make_faults(folder):
         (folder / "faults" / f"{name}.7z").write_bytes(content)
 
 
+def make_limits(folder):
+    (folder / "limits").mkdir()
+    block = sz.lzma2_block([("good.txt", b"good content"), ("more.txt", b"more")])
+    (folder / "limits" / "far.7z").write_bytes(sz.archive([block], gap=5 << 30))
+    block = sz.lzma2_block([("huge.bin", bytes(1 << 20))])
+    for more in 0, 1:
+        claim = sz.Block([("huge.bin", b"x")], block.description, block.packed, [(1 << 30) + more])
+        (folder / "limits" / f"claim_{more}.7z").write_bytes(sz.archive([claim]))
+
+
 def main():
     folder = pathlib.Path(sys.argv[1])
     shutil.rmtree(folder, ignore_errors=True)
@@ -191,6 +203,7 @@ def main():
     make_own_trees(folder)
     make_refused(folder)
     make_faults(folder)
+    make_limits(folder)
 
 
 main()

@@ -64,8 +64,8 @@ def lzma2_block(files, x86=False):
     return Block(files, chain(*coders), packed, [len(data)] * len(coders))
 
 
-def streams_info(blocks, with_crc):
-    info = b"\x06" + number(0) + number(len(blocks)) + b"\x09" + b"".join(number(len(b.packed)) for b in blocks) + b"\0"
+def streams_info(blocks, with_crc, gap):
+    info = b"\x06" + number(gap) + number(len(blocks)) + b"\x09" + b"".join(number(len(b.packed)) for b in blocks) + b"\0"
     info += b"\x07\x0b" + number(len(blocks)) + b"\0" + b"".join(b.description for b in blocks)
     info += b"\x0c" + b"".join(number(size) for b in blocks for size in b.unpack_sizes)
     crcs = [b.crc for b in blocks]
@@ -75,7 +75,7 @@ def streams_info(blocks, with_crc):
     info += b"\0\x08\x0d" + b"".join(number(len(b.files)) for b in blocks)
     if any(len(b.files) > 1 for b in blocks):
         info += b"\x09" + b"".join(number(len(content)) for b in blocks for _, content in b.files[:-1])
-#A block of one entry that has a CRC of its own gives it to the entry.
+    # A block of one entry that has a CRC of its own gives it to the entry.
     owed = [content for b in blocks for _, content in b.files if len(b.files) != 1 or b.crc is None]
     if with_crc and owed:
         info += b"\x0a\x01" + b"".join(struct.pack("<I", zlib.crc32(content)) for content in owed)
@@ -97,18 +97,19 @@ def files_info(entries, names=True):
     return info + b"\0"
 
 
-def wrap(packed, header):
-    start = struct.pack("<QQI", len(packed), len(header), zlib.crc32(header))
+def wrap(packed, header, gap):
+    start = struct.pack("<QQI", gap + len(packed), len(header), zlib.crc32(header))
     return b"7z\xbc\xaf\x27\x1c\0\x04" + struct.pack("<I", zlib.crc32(start)) + start + packed + header
 
 
-def archive(blocks=(), entries=None, with_crc=True, names=True):
-    """entries: the whole table in its order, where it is not just the blocks' files."""
+def archive(blocks=(), entries=None, with_crc=True, names=True, gap=0):
+    """entries: the whole table in its order, where it is not just the blocks' files. gap: the bytes that belong
+    between the start header, of 32 bytes, and what follows it here."""
     blocks = list(blocks)
     if entries is None:
         entries = [file for block in blocks for file in block.files]
     header = b"\x01"
     if blocks:
-        header += b"\x04" + streams_info(blocks, with_crc)
+        header += b"\x04" + streams_info(blocks, with_crc, gap)
     header += files_info(entries, names) + b"\0"
-    return wrap(b"".join(block.packed for block in blocks), header)
+    return wrap(b"".join(block.packed for block in blocks), header, gap)

@@ -54,7 +54,8 @@ protected:
     static std::chrono::milliseconds timeOf(const std::function<void()>& work) {
         const auto begin = std::chrono::steady_clock::now();
         work();
-        return std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - begin);
+        return std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() -
+                                                                     begin);
     }
 };
 
@@ -65,7 +66,8 @@ TEST_F(CurlLimits, aDocumentThatDoesNotComeIsGivenUpLongBeforeAFile) {
     spoil("hang");
     smaller = 40;
     std::string document = "old";
-    const auto spent = timeOf([&] { EXPECT_FALSE(QzCurlDownloader::downloadMemory(server.url("/file"), document)); });
+    const auto spent =
+        timeOf([&] { EXPECT_FALSE(QzCurlDownloader::downloadMemory(server.url("/file"), document)); });
     EXPECT_GE(spent, 8000ms / 40 - 20ms); // less the steps of the clocks
     EXPECT_EQ(document, "old");
     EXPECT_EQ(logged(L"curl download error Timeout was reached"), 1);

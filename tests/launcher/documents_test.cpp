@@ -1,6 +1,8 @@
 #include "launcher/qzvy/PlayerPackage.h"
 #include "launcher/qzvy/RemoteConfig.h"
 
+#include "tests/support/log_watch.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -67,6 +69,8 @@ TEST(PlayerPackage, NoDocumentChoosesAFolder) {
         const std::string text = std::string(R"({"sea":{"vershow":")") + word + "\"}}";
         EXPECT_EQ(parsePlayerPackage(text).version, L"1.0") << text;
     }
+    EXPECT_EQ(test::logged(L"version word refused"), 8);
+    test::allowErrors(L"version word refused");
     EXPECT_EQ(parsePlayerPackage(R"({"sea":{"vershow":")" + std::string(65, '1') + "\"}}").version, L"1.0");
     EXPECT_EQ(parsePlayerPackage(R"({"sea":{"vershow":"1_0-b.2"}})").version, L"1_0-b.2");
 }

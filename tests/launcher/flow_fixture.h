@@ -1,40 +1,55 @@
 #pragma once
 
-#include "launcher/qzvy/QzVyModel.h"
-#include "tests/launcher/support.h"
+#include "tests/launcher/main_window.h"
+#include "tests/support/log_watch.h"
 
 #include <algorithm>
 
-// The flows of the main window, driven by its buttons without a window, against the
-// publisher of the test.
+// The flows of the main window, driven by its buttons, against the publisher of the test.
 
 namespace launcher_test {
 
 inline constexpr wchar_t Package[] = L"vynen_3.1.7z";
 inline constexpr wchar_t Partial[] = L"vynen_3.1.7z.tmp";
 inline constexpr char PackagePath[] = "/player.7z";
+inline constexpr char GamePath[] = "/game.apk";
+inline constexpr wchar_t GamePackage[] = L"my 게임\\vyn_app_sea_5210.apk";
+inline constexpr wchar_t Client[] = L"my 게임\\vynclient.exe";
 
-class Flow : public Stage {
+class Flow : public MainWindow {
 protected:
     void SetUp() override {
-        Stage::SetUp();
-        model().setPathDir(at(L"my 게임\\"));
-        model().appMinVersion = 0;
-        model().playerMinVersion = 0;
+        MainWindow::SetUp();
+        // No package of a test brings programs, and taskkill is none here.
+        for (const wchar_t* line : {L"createProcess failed", L"execute failed", L"shellEx"})
+            test::allowErrors(line);
         server.publish("/vyn/qzvyn",
                        R"({"sea":{"url":")" + server.url(PackagePath) + R"(","vershow":"3.1"}})");
     }
-    void TearDown() override {
-        frame.resetAfterPathChange(); // stops what still runs
-        bool drained = false;
-        common::postToWindowThread([&] { drained = true; });
-        pumpUntil([&] { return drained; });
-        Stage::TearDown();
+
+    void clickStart() { click(L"startBtn"); }
+    void clickPause() { click(L"pauseBtn"); }
+
+    void publishPlayer() { server.publish(PackagePath, read(L"player.7z")); }
+
+    // An installed game below the limit; its client is no program.
+    void publishGame(const std::string& bytes) {
+        server.publish(GamePath, bytes);
+        server.publish("/vyn/config_sea.data",
+                       R"({"appminversion":5210,"apkurl":")" + server.url(GamePath) + "\"}");
+        runConfigThread(model());
+        write(Client, "no program");
+        write(L"my 게임\\data\\appversion1000", "5000");
+        frame->_checkGameAndAppVersion();
     }
 
-    static QzVyModel& model() { return QzVyModel::instance(); }
-    void clickStart() { buttons.onStartBtnClicked(); }
-    void clickPause() { buttons.onPauseBtnClicked(); }
+    // As the stage's; the lines of the two clients are then no surprise.
+    void addFault(const std::string& path, publisher::FaultKind kind, uint64_t number = 0,
+                  unsigned times = 0) {
+        for (const wchar_t* line : {L"curl download error", L"onHttpErro", L"read error", L"http"})
+            test::allowErrors(line);
+        MainWindow::addFault(path, kind, number, times);
+    }
 
     // The folder tells it, also while the file is open.
     static size_t sizeOfPartial() {
@@ -46,7 +61,8 @@ protected:
         return pumpUntil([=] { return sizeOfPartial() >= bytes; });
     }
     bool pumpUntilInstalled() {
-        return pumpUntilLogged(L"driverconfig.exe], param") && pumpUntilLogged(L"no player");
+        return pumpUntilLogged(L"driverconfig.exe], param") &&
+               pumpUntil([this] { return control(L"startBtn").IsEnabled(); });
     }
     // What the user reads, by its key.
     bool pumpUntilTold(const std::wstring& key) { return pumpUntilLogged(L"tell the user: " + key); }
@@ -59,9 +75,6 @@ protected:
             return request.path == PackagePath && request.range == range;
         });
     }
-
-    QzVyMainFrame frame;
-    MainFrameEvents& buttons = frame;
 };
 
 } // namespace launcher_test

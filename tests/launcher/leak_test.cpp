@@ -51,14 +51,14 @@ private:
 
 TEST_F(FlowLeaks, PlayerDownloadAndInstallation) {
     constexpr int cycles = 100; // each starts some twenty programs: the slow one
-    server.publish(PackagePath, read(L"skin.7z"));
+    server.publish(PackagePath, read(L"player.7z"));
     int installed = 0;
     expectNoGrowth(cycles, [&] {
         DeleteFileW(at(Package).c_str());
         clickStart();
         ++installed;
         ASSERT_TRUE(pumpUntilLogged(L"driverconfig.exe], param", installed));
-        frame.resetAfterPathChange();
+        frame->resetAfterPathChange();
     });
     EXPECT_EQ(requests(PackagePath), WarmUp + cycles);
 }
@@ -73,11 +73,11 @@ TEST_F(FlowLeaks, GamePackage) {
     int started = 0;
     expectNoGrowth(cycles, [&] {
         write(L"my 게임\\data\\appversion1000", "5000");
-        frame._checkGameAndAppVersion();
+        frame->_checkGameAndAppVersion();
         clickStart();
         ++started;
         ASSERT_TRUE(pumpUntilLogged(L"show=0|package=com.play.vysea|apk=", started));
-        frame.resetAfterPathChange();
+        frame->resetAfterPathChange();
     });
     EXPECT_EQ(requests("/game.apk"), WarmUp + cycles);
 }

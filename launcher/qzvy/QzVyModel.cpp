@@ -1,5 +1,6 @@
 #include "launcher/qzvy/QzVyModel.h"
 
+#include "launcher/qzvy/ChannelMessages.h"
 #include "launcher/qzvy/system_language.h"
 #include "utility/files.h"
 #include "utility/handles.h"
@@ -91,7 +92,7 @@ void QzVyModel::setAutoRun(bool on) {
 }
 
 void QzVyModel::addMessage() {
-    for (const UINT message : {WM_COPYDATA, WM_USER, 9111, 9222, 9333, 9334})
+    for (const UINT message : AdmittedMessages)
         if (!usystem::admitMessage(message)) {
             common::log("QzVyModel::addMessage", __LINE__, L"ChangeWindowMessageFilter error");
             return;

@@ -1,6 +1,7 @@
 // One launcher at a time, and the channel over which a second start and the game client
 // speak to it.
 
+#include "launcher/qzvy/ChannelMessages.h"
 #include "launcher/qzvy/QzVyImpl.h"
 #include "launcher/qzvy/QzVyMainFrame.h"
 #include "shell/QzVySetupImpl.h"
@@ -13,12 +14,6 @@ namespace {
 
 // Names the mutex and, as a window class, the channel.
 constexpr wchar_t InstanceName[] = L"{6A43FC71-98D6-43A1-83F3-6A53B0D557FD}";
-
-enum ChannelMessage : UINT {
-    RaiseWindow = 9111,   // from a second launcher
-    GameEnded = 9333,     // from the game client
-    GameInstalled = 9334, // from the game client
-};
 
 } // namespace
 

@@ -29,10 +29,10 @@ void TrayiconControl::makeWindow() {
     window->onShellStarted = [this] { showIcon(); };
 }
 
-NOTIFYICONDATAW TrayiconControl::describeIcon() const {
+NOTIFYICONDATAW describeIcon(HWND window) {
     NOTIFYICONDATAW icon = {};
     icon.cbSize = NOTIFYICONDATAW_V3_SIZE;
-    icon.hWnd = window->GetHWND();
+    icon.hWnd = window;
     icon.uID = IconId;
     icon.uFlags = NIF_MESSAGE | NIF_ICON | NIF_TIP | NIF_INFO;
     icon.uCallbackMessage = TrayIconMessage;
@@ -53,7 +53,7 @@ void TrayiconControl::addTrayIcon(HWND) {
 void TrayiconControl::showIcon() {
     constexpr char Function[] = "view::TrayiconControl::addTrayIcon";
     common::log(Function, __LINE__, L"addTrayIcon");
-    NOTIFYICONDATAW icon = describeIcon();
+    NOTIFYICONDATAW icon = describeIcon(window->GetHWND());
     if (Shell_NotifyIconW(NIM_ADD, &icon))
         common::log(Function, __LINE__, L"addTrayIcon sucess");
     else
@@ -63,7 +63,7 @@ void TrayiconControl::showIcon() {
 void TrayiconControl::removeTrayIcon() {
     if (!window)
         return;
-    NOTIFYICONDATAW icon = describeIcon();
+    NOTIFYICONDATAW icon = describeIcon(window->GetHWND());
     Shell_NotifyIconW(NIM_DELETE, &icon);
     window->onShellStarted = nullptr;
     window->Close(1);

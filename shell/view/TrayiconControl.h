@@ -11,6 +11,9 @@
 
 namespace view {
 
+// What the shell is told of the icon whose messages go to this window.
+NOTIFYICONDATAW describeIcon(HWND window);
+
 class TrayiconControl final : public ITrayIconDelegate {
 public:
     TrayiconControl();
@@ -28,7 +31,6 @@ public:
 
 private:
     void makeWindow();
-    NOTIFYICONDATAW describeIcon() const;
     void showIcon();
 
     TrayIconWindow* window = nullptr; // owns itself; null when removed

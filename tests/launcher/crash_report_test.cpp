@@ -42,8 +42,8 @@ TEST_F(CrashReport, MayBeMissingOrOfAnotherKind) {
     EXPECT_EQ(loaded(), nullptr);
     wchar_t other[MAX_PATH] = {};
     GetSystemDirectoryW(other, MAX_PATH);
-    ASSERT_TRUE(CopyFileW((other + std::wstring(L"\\version.dll")).c_str(), at(L"crashreport.dll").c_str(),
-                          FALSE));
+    ASSERT_TRUE(
+        CopyFileW((other + std::wstring(L"\\version.dll")).c_str(), at(L"crashreport.dll").c_str(), FALSE));
     initCrashReport();
     EXPECT_EQ(logged(L"initCrashReport error 2"), 1);
 }

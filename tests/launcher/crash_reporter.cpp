@@ -18,7 +18,8 @@ void note(const std::wstring& call) {
 
 extern "C" {
 
-__declspec(dllexport) int InitBugReport(const wchar_t* product, const wchar_t* version, const wchar_t* channel) {
+__declspec(dllexport) int InitBugReport(const wchar_t* product, const wchar_t* version,
+                                        const wchar_t* channel) {
     note(L"init " + std::wstring(product) + L" " + version + L" " + channel);
     return 5;
 }

@@ -14,9 +14,9 @@ protected:
     void expectFirstReport(unsigned total) const {
         unsigned done = 0;
         ASSERT_EQ(swscanf(text(L"downloadLabel").c_str(), L"Downloading Essential Files:%uKB/", &done), 1);
-        EXPECT_EQ(texts(), L"Downloading Essential Files:" + amountText(done << 10, total) + L"|Time Remaining:" +
-                               timeLeftText(done << 10, total, done << 10) + L"|Download Speed:" +
-                               std::to_wstring(done) + L"KB/S");
+        EXPECT_EQ(texts(), L"Downloading Essential Files:" + amountText(done << 10, total) +
+                               L"|Time Remaining:" + timeLeftText(done << 10, total, done << 10) +
+                               L"|Download Speed:" + std::to_wstring(done) + L"KB/S");
         const int percent = progress(L"downloadprogressControl");
         EXPECT_EQ(percent, percentOf(done << 10, total));
         EXPECT_EQ(control(L"loadingSpaceControl").GetFixedWidth(), percent * 978 / 100 + 8);

@@ -33,18 +33,12 @@ TEST_F(View, EachButtonTellsItsOwnEvent) {
     const struct {
         const wchar_t* button;
         const char* call;
-    } cases[] = {{L"startBtn", "start "},
-                 {L"pauseBtn", "pause "},
-                 {L"closebtn", "close "},
-                 {L"setupBtn", "setup "},
-                 {L"chanagePathBtn", "browse "},
-                 {L"homeBtn", "url_home "},
-                 {L"facebookBtn", "url_facebook "},
-                 {L"youtobeBtn", "url_youtobe "},
-                 {L"discordBtn", "url_discord "},
-                 {L"NBtn", "url_N "},
-                 {L"buyBtn", "url_store "},
-                 {L"behemothBtn", "url_Behemoth "}};
+    } cases[] = {{L"startBtn", "start "},           {L"pauseBtn", "pause "},
+                 {L"closebtn", "close "},           {L"setupBtn", "setup "},
+                 {L"chanagePathBtn", "browse "},    {L"homeBtn", "url_home "},
+                 {L"facebookBtn", "url_facebook "}, {L"youtobeBtn", "url_youtobe "},
+                 {L"discordBtn", "url_discord "},   {L"NBtn", "url_N "},
+                 {L"buyBtn", "url_store "},         {L"behemothBtn", "url_Behemoth "}};
     for (const auto& [name, call] : cases) {
         events.calls.clear();
         UILib::CPaintManagerUI& manager = view.GetPaintManager();

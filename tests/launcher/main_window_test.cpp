@@ -139,8 +139,9 @@ TEST_F(Flow, EveryProgramOfThePlayerIsEndedBeforeItsHelpersRun) {
         helpers += line.find(L"createProcess filename = [" + at(L"my 게임\\driverconfig.exe") +
                              L"], param = [], show = 0") != line.npos;
     }
-    EXPECT_EQ(ended, L"vynclient vynmulti vynclient vynmulti adb aapt bugreport qz qzconsole vmware-vdiskmanager "
-                     L"Qz9BoxHeadless Qz9BoxSVC Qz9VirtualBox driverconfig qzrecord vynrepairer vbox-img ");
+    EXPECT_EQ(ended,
+              L"vynclient vynmulti vynclient vynmulti adb aapt bugreport qz qzconsole vmware-vdiskmanager "
+              L"Qz9BoxHeadless Qz9BoxSVC Qz9VirtualBox driverconfig qzrecord vynrepairer vbox-img ");
     EXPECT_EQ(helpers, 2);
 }
 

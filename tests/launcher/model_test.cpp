@@ -1,7 +1,11 @@
+#include "launcher/qzvy/ChannelMessages.h"
 #include "launcher/qzvy/QzVyModel.h"
 #include "tests/launcher/support.h"
 #include "tests/support/log_watch.h"
 #include "utility/registry.h"
+
+#include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -88,6 +92,17 @@ TEST_F(Model, ChoicesThatCannotBeStoredHoldForTheRun) {
     EXPECT_EQ(model.getLanguage(), L"th");
     EXPECT_EQ(model.market.localeCode, L"th_TH");
     EXPECT_EQ(model.getPathDir(), L"D:\\VYN\\");
+}
+
+// What a sender with fewer rights may not send never arrives, so what is handled is admitted.
+TEST(ChannelMessages, TheOnesThatAreHandledAreAdmitted) {
+    const auto isAdmitted = [](UINT message) {
+        return std::ranges::find(AdmittedMessages, message) != std::end(AdmittedMessages);
+    };
+    for (const UINT message : {74, 1024, 9111, 9222, 9333, 9334})
+        EXPECT_TRUE(isAdmitted(message)) << message;
+    EXPECT_EQ(std::size(AdmittedMessages), 6u) << "and nothing else";
+    EXPECT_TRUE(isAdmitted(RaiseWindow) && isAdmitted(GameEnded) && isAdmitted(GameInstalled));
 }
 
 } // namespace

@@ -1,38 +1,29 @@
 #include "shell/view/TrayiconControl.h"
-#include "utility/log.h"
+#include "tests/support/log_watch.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
-#include <vector>
 
 namespace {
-
-std::vector<std::wstring> lines;
-
-void keepLine(const char*, int, const wchar_t* text) {
-    lines.push_back(text);
-}
 
 class TrayIcon : public testing::Test {
 protected:
     void SetUp() override {
         UILib::CPaintManagerUI::SetInstance(GetModuleHandleW(nullptr));
         UILib::CPaintManagerUI::SetResourcePath(SKIN_FOLDER);
-        lines.clear();
-        common::setLogSink(keepLine);
+        test::allowErrors(L"addTrayIcon error"); // a display without a notification area
     }
     void TearDown() override {
-        common::setLogSink(nullptr);
         for (MSG message; PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE);)
             DispatchMessageW(&message);
         EXPECT_EQ(window(), nullptr);
     }
     static HWND window() { return FindWindowW(L"QzPlayerTrayiconFrame", nullptr); }
     static LRESULT mouse(UINT message) { return SendMessageW(window(), 39529, 8194, message); }
-    static int added() {
-        return static_cast<int>(std::count(lines.begin(), lines.end(), std::wstring(L"addTrayIcon")));
-    }
+    // Calls of the shell, each of which is logged with its result behind it.
+    static int added() { return test::logged(L"addTrayIcon") / 2; }
 };
 
 TEST_F(TrayIcon, TurnsTheMouseIntoTwoActions) {
@@ -55,6 +46,18 @@ TEST_F(TrayIcon, TurnsTheMouseIntoTwoActions) {
     }
     icon.removeTrayIcon();
     icon.removeTrayIcon();
+}
+
+TEST_F(TrayIcon, TellsTheShellAllThatItAsksFor) {
+    const HWND receiver = window();
+    const NOTIFYICONDATAW icon = view::describeIcon(receiver);
+    EXPECT_EQ(icon.cbSize, 952u) << "the size that the oldest systems take, too";
+    EXPECT_EQ(icon.hWnd, receiver);
+    EXPECT_EQ(icon.uID, 8194u);
+    EXPECT_EQ(icon.uFlags & (NIF_MESSAGE | NIF_ICON | NIF_TIP), 7u);
+    EXPECT_EQ(icon.uCallbackMessage, 39529u);
+    EXPECT_EQ(icon.szTip, std::wstring(L"VYN Launcher"));
+    EXPECT_EQ(icon.szInfo[0], 0) << "no balloon";
 }
 
 TEST_F(TrayIcon, ComesBackWhenTheShellStartsAnew) {

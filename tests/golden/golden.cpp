@@ -55,25 +55,62 @@ int distance(uint32_t a, uint32_t b) {
     return most;
 }
 
-// Paints where they differ, in red as strong as the difference; the number of pixels.
-int difference(const Raster& a, const Raster& b, const Raster& out) {
+uint32_t red(int apart) {
+    return 0xFF000000 | static_cast<uint32_t>(128 + apart / 2) << 16;
+}
+
+// Where letters are: the blocks in which the pictures with and without texts differ, and those
+// around them.
+class TextBlocks {
+public:
+    explicit TextBlocks(const Raster& painted)
+        : columns(painted.width / TextBlock + 1), held(columns * (painted.height / TextBlock + 1)) {}
+    TextBlocks(const Raster& painted, const Raster& withoutTexts) : TextBlocks(painted) {
+        for (int y = 0; y < painted.height; ++y)
+            for (int x = 0; x < painted.width; ++x)
+                if (distance(painted.row(y)[x], withoutTexts.row(y)[x]) > 0)
+                    hold(x / TextBlock, y / TextBlock);
+    }
+    bool holds(int x, int y) const { return held[x / TextBlock + y / TextBlock * columns]; }
+
+private:
+    void hold(int column, int row) {
+        const int rows = static_cast<int>(held.size()) / columns;
+        for (int y = std::max(row - 1, 0); y <= std::min(row + 1, rows - 1); ++y)
+            for (int x = std::max(column - 1, 0); x <= std::min(column + 1, columns - 1); ++x)
+                held[x + y * columns] = true;
+    }
+    int columns;
+    std::vector<bool> held;
+};
+
+uint32_t meanOf(const Raster& picture, int left, int top) {
+    unsigned sums[3] = {}, count = 0;
+    for (int y = top; y < std::min(top + TextBlock, picture.height); ++y)
+        for (int x = left; x < std::min(left + TextBlock, picture.width); ++x, ++count)
+            for (int channel = 0; channel < 3; ++channel)
+                sums[channel] += picture.row(y)[x] >> channel * 8 & 0xFF;
+    return sums[2] / count << 16 | sums[1] / count << 8 | sums[0] / count;
+}
+
+// Paints where they differ, in red as strong as the difference; the number of places.
+int difference(const Raster& a, const Raster& b, const TextBlocks& texts, const Raster& out) {
     int count = 0;
     for (int y = 0; y < out.height; ++y)
         for (int x = 0; x < out.width; ++x) {
-            const int apart = distance(a.row(y)[x], b.row(y)[x]);
+            const bool text = texts.holds(x, y);
+            const int left = x / TextBlock * TextBlock, top = y / TextBlock * TextBlock;
+            const int apart = text ? distance(meanOf(a, left, top), meanOf(b, left, top))
+                                   : distance(a.row(y)[x], b.row(y)[x]);
             const uint32_t grey = (a.row(y)[x] >> 8 & 0xFF) / 4;
-            out.row(y)[x] = 0xFF000000 | grey << 16 | grey << 8 | grey;
-            if (apart > Tolerance) {
-                ++count;
-                out.row(y)[x] = 0xFF000000 | static_cast<uint32_t>(128 + apart / 2) << 16;
-            }
+            const bool differs = apart > (text ? TextTolerance : Tolerance);
+            out.row(y)[x] = differs ? red(apart) : 0xFF000000 | grey << 16 | grey << 8 | grey;
+            count += differs;
         }
     return count;
 }
 
-} // namespace
-
-testing::AssertionResult matches(const Raster& painted, const std::string& name) {
+testing::AssertionResult compare(const Raster& painted, const TextBlocks& texts, const std::string& name) {
     const fs::path path = Kept / (name + ".png");
     if (getenv("VYN_RENEW_GOLDEN")) {
         write(path, painted);
@@ -85,13 +122,23 @@ testing::AssertionResult matches(const Raster& painted, const std::string& name)
         return testing::AssertionFailure() << name << ": no such picture, or of another size";
     }
     Picture apart = blank(painted.width, painted.height);
-    const int count = difference(painted, old.raster, apart.raster);
+    const int count = difference(painted, old.raster, texts, apart.raster);
     if (count == 0)
         return testing::AssertionSuccess();
     write(Left / (name + ".png"), painted);
     write(Left / (name + ".old.png"), old.raster);
     write(Left / (name + ".difference.png"), apart.raster);
     return testing::AssertionFailure() << name << ": " << count << " pixels differ, see " << Left;
+}
+
+} // namespace
+
+testing::AssertionResult matches(const Raster& painted, const std::string& name) {
+    return compare(painted, TextBlocks(painted), name);
+}
+
+testing::AssertionResult matches(const Raster& painted, const Raster& withoutTexts, const std::string& name) {
+    return compare(painted, TextBlocks(painted, withoutTexts), name);
 }
 
 } // namespace golden

@@ -30,8 +30,8 @@ struct Skin {
     int width, height;
 };
 constexpr Skin Skins[] = {
-    {"main", L"xml_mainframe.xml", 1642, 977},     {"small", L"xml_mainframe_small.xml", 1189, 708},
-    {"settings", L"xm_setupframe.xml", 816, 700},  {"updatecheck", L"updatecheckframe.xml", 400, 230},
+    {"main", L"xml_mainframe.xml", 1642, 977},    {"small", L"xml_mainframe_small.xml", 1189, 708},
+    {"settings", L"xm_setupframe.xml", 816, 700}, {"updatecheck", L"updatecheckframe.xml", 400, 230},
     {"update", L"updateframe.xml", 400, 230},
 };
 
@@ -115,13 +115,14 @@ TEST_P(SkinWindows, LookAsTheyDid) {
     ASSERT_TRUE(document.loadFrom(SKIN_FOLDER, skin.file, language.code));
     document.layout(skin.width, skin.height);
     for (const Change& change : Changes) {
-        if (!names(change.skins, skin.name) || (*change.language && language.name != std::string(change.language)))
+        if (!names(change.skins, skin.name) ||
+            (*change.language && language.name != std::string(change.language)))
             continue;
         EXPECT_TRUE(apply(document, change)) << "no control for change " << &change - Changes;
     }
     document.layout(skin.width, skin.height);
-    EXPECT_TRUE(golden::windowMatches(*document.root(),
-                                      std::string("windows/") + skin.name + "_" + language.name));
+    EXPECT_TRUE(
+        golden::windowMatches(*document.root(), std::string("windows/") + skin.name + "_" + language.name));
 }
 
 INSTANTIATE_TEST_SUITE_P(All, SkinWindows,

@@ -112,4 +112,3 @@ TEST(PaintManager, ChildrenThatALostFocusRemovesAreNotHidden) {
     EXPECT_EQ(box->GetCount(), 0);
     EXPECT_TRUE(b.IsVisible());
 }
-

@@ -226,4 +226,3 @@ TEST(LayeredManager, RestsWhenAllThatChangesIsOutside) {
     EXPECT_EQ(counter.paints, 1);
     EXPECT_FALSE(b.IsUpdateNeeded());
 }
-

@@ -138,4 +138,3 @@ TEST(PaintManager, UnhandledEventsGoUpToTheParents) {
     EXPECT_EQ(host.take().substr(0, 4), "a:18");
     EXPECT_EQ(host.probe(L"a").last.kind, EventMouseMove); // what scrolled away hears of it
 }
-

@@ -10,11 +10,12 @@ namespace {
 std::wstring fontOf(HFONT font) {
     LOGFONTW d = {};
     GetObjectW(font, sizeof d, &d);
-    return std::wstring(d.lfFaceName) + L" " + std::to_wstring(-d.lfHeight) + (d.lfWeight >= 700 ? L" b" : L"") +
-           (d.lfUnderline ? L" u" : L"") + (d.lfItalic ? L" i" : L"");
+    return std::wstring(d.lfFaceName) + L" " + std::to_wstring(-d.lfHeight) +
+           (d.lfWeight >= 700 ? L" b" : L"") + (d.lfUnderline ? L" u" : L"") + (d.lfItalic ? L" i" : L"");
 }
 
-Tree build(CPaintManagerUI& manager, const std::wstring& elements, IDialogBuilderCallback* callback = nullptr) {
+Tree build(CPaintManagerUI& manager, const std::wstring& elements,
+           IDialogBuilderCallback* callback = nullptr) {
     CDialogBuilder builder;
     return Tree(builder.Create((L"<Window>" + elements + L"</Window>").c_str(), nullptr, callback, &manager));
 }
@@ -70,7 +71,8 @@ TEST(Declarations, AWindowsAttributesNeedAWindowElementAndAWindow) {
     CPaintManagerUI without;
     build(without, L"<VBox/>");
     CDialogBuilder second;
-    Tree(second.Create(L"<window size=\"70,60\" caption=\"1,2,3,4\"><VBox/></window>", nullptr, nullptr, &without));
+    Tree(second.Create(L"<window size=\"70,60\" caption=\"1,2,3,4\"><VBox/></window>", nullptr, nullptr,
+                       &without));
     EXPECT_EQ(without.GetInitSize().cx, 0);
     CDialogBuilder third;
     Tree(third.Create(L"<window size=\"70,60\"><VBox/></window>", nullptr, nullptr, &host.manager));
@@ -132,7 +134,8 @@ TEST(Declarations, TheSizeIsTakenBeforeThereIsATree) {
     for (const LONG style : {LONG(WS_POPUP), LONG(WS_OVERLAPPEDWINDOW)}) {
         Host host;
         SetWindowLongW(host, GWL_STYLE, style | WS_VISIBLE);
-        SetWindowPos(host, nullptr, 0, 0, 300, 250, SWP_NOMOVE | SWP_NOZORDER | SWP_FRAMECHANGED | SWP_NOACTIVATE);
+        SetWindowPos(host, nullptr, 0, 0, 300, 250,
+                     SWP_NOMOVE | SWP_NOZORDER | SWP_FRAMECHANGED | SWP_NOACTIVATE);
         RECT before = {}, after = {};
         GetWindowRect(host, &before);
         host.manager.SetInitSize({222, 111});

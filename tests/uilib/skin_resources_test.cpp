@@ -154,7 +154,8 @@ TEST_F(SkinFiles, AnInstallationMayOverrideColours) {
     EXPECT_EQ(CPaintManagerUI::GetCustomColor(-1), 0u);
     write(beside("colors.ini"), "[setting]\r\nmainToolbar=80112233\r\nsetupBottomBar=FF445566\r\n");
     CPaintManagerUI::LoadCustomColors();
-    const uint32_t wanted[] = {0x80112233, 0xFF20203A, 0xFF1F1F39, 0xFF06061F, 0xFF20203A, 0xFF20203A, 0xFF445566, 0};
+    const uint32_t wanted[] = {0x80112233, 0xFF20203A, 0xFF1F1F39, 0xFF06061F,
+                               0xFF20203A, 0xFF20203A, 0xFF445566, 0};
     for (int i = 0; i < 8; ++i)
         EXPECT_EQ(CPaintManagerUI::GetCustomColor(i), wanted[i]) << i;
 }

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 using namespace UILib;
 
 namespace {
@@ -63,4 +65,73 @@ TEST(NineSlice, shouldPaintNoMiddleWhenTheCornersAreWiderThanTheTarget) {
     narrow.corner = {50, 50, 50, 50}; // wider than the image as well
     for (const Slice& slice : cut(narrow, Everything))
         EXPECT_FALSE(slice.target.isEmpty() || slice.source.isEmpty());
+}
+
+namespace {
+
+// What a pixel of the target has to come from along one axis, by the definition: borders as they
+// are, the rest from the middle. Where borders overlap, the later one lies on top.
+bool isBorder(int at, int length, int before, int after) {
+    return at < before || at >= length - after;
+}
+
+struct Case {
+    NineSlice image;
+    Box paint;
+};
+
+Case randomCase(std::mt19937& random) {
+    const auto upTo = [&](int most) { return std::uniform_int_distribution<int>(0, most)(random); };
+    Case made;
+    NineSlice& n = made.image;
+    n.target = {upTo(50), upTo(50), 0, 0};
+    n.target.right = n.target.left + upTo(60);
+    n.target.bottom = n.target.top + upTo(60);
+    n.source = {0, 0, 1 + upTo(40), 1 + upTo(40)};
+    n.corner = {upTo(20), upTo(20), upTo(20), upTo(20)};
+    n.hole = upTo(3) == 0;
+    n.xTiled = upTo(1);
+    n.yTiled = upTo(1);
+    made.paint = {upTo(80), upTo(80), 40 + upTo(80), 40 + upTo(80)};
+    return made;
+}
+
+} // namespace
+
+// Where the borders do not overlap every pixel belongs to exactly one piece; a border keeps the
+// size it has in the image; a part gets those pieces of the whole that meet it.
+TEST(NineSlice, shouldCoverEveryPixelOnceWithPiecesOfTheRightKind) {
+    std::mt19937 random(9);
+    for (int round = 0; round < 700; ++round) {
+        const auto [n, paint] = randomCase(random);
+        const std::vector<Slice> whole = cut(n, Everything);
+        const Box& c = n.corner;
+        std::vector<Box> met;
+        for (const Slice& slice : whole)
+            if (meets(slice.target, paint))
+                met.push_back(slice.target);
+        ASSERT_EQ(met, targets(n, paint));
+        if (c.left + c.right > std::min(n.target.width(), n.source.width() - 1) ||
+            c.top + c.bottom > std::min(n.target.height(), n.source.height() - 1))
+            continue;
+        for (int y = n.target.top; y < n.target.bottom; ++y)
+            for (int x = n.target.left; x < n.target.right; ++x) {
+                const bool inX = !isBorder(x - n.target.left, n.target.width(), c.left, c.right);
+                const bool inY = !isBorder(y - n.target.top, n.target.height(), c.top, c.bottom);
+                int pieces = 0;
+                for (const Slice& s : whole) {
+                    if (!s.target.contains(x, y))
+                        continue;
+                    ++pieces;
+                    if (!inX)
+                        ASSERT_EQ(s.source.width(), s.target.width());
+                    if (!inY)
+                        ASSERT_EQ(s.source.height(), s.target.height());
+                    const bool centre = inX && inY;
+                    ASSERT_EQ(s.horizontal == Fit::Tile, centre && n.xTiled);
+                    ASSERT_EQ(s.vertical == Fit::Tile, centre && n.yTiled);
+                }
+                ASSERT_EQ(pieces, inX && inY && n.hole ? 0 : 1) << x << "," << y;
+            }
+    }
 }

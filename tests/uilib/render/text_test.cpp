@@ -128,3 +128,56 @@ TEST_F(Text, shouldSurviveAMegabyte) {
     }
     EXPECT_LT(painted().left, Width);
 }
+
+// The size that is asked for is the size that is drawn: a rectangle of it shows the same letters
+// as one with room to spare, and no letter reaches far beyond it.
+TEST_F(Text, shouldMeasureWhatItDraws) {
+    const wchar_t* texts[] = {L"one", L"one two three", L"<b>bold</b> <i>two</i>", L"a<n>b",
+                              L"<f 0>x</f><n>y<n>z"};
+    for (const wchar_t* text : texts)
+        for (const unsigned style : {0u, unsigned(DT_WORDBREAK)}) {
+            RECT need = {0, 0, Width, Height};
+            drawHtml(text, need, style | DT_CALCRECT);
+            ASSERT_GT(need.right, 0);
+            fillSurface(0xFF000000);
+            RECT roomy = {0, 0, Width, Height};
+            drawHtml(text, roomy, style);
+            const RECT free = painted();
+            EXPECT_LE(free.right, std::min<LONG>(need.right, Width)) << style;
+            EXPECT_LE(free.bottom, std::min<LONG>(need.bottom, Height)) << style;
+            EXPECT_GE(free.right, std::min<LONG>(need.right, Width) - 8) << style;    // side bearing
+            EXPECT_GE(free.bottom, std::min<LONG>(need.bottom, Height) - 8) << style; // descent
+        }
+}
+
+TEST_F(Text, shouldAlignWhatItDraws) {
+    const RECT room = {4, 6, 60, 44};
+    const auto drawn = [&](unsigned style, bool html) {
+        fillSurface(0xFF000000);
+        RECT rectangle = room;
+        if (html)
+            drawHtml(L"EH", rectangle, style | DT_SINGLELINE);
+        else
+            draw(L"EH", rectangle, style | DT_SINGLELINE);
+        return painted();
+    };
+    RECT size = room;
+    draw(L"EH", size, DT_CALCRECT | DT_SINGLELINE);
+    const int w = size.right - size.left, h = size.bottom - size.top;
+    for (const bool html : {false, true}) {
+        const RECT base = drawn(0, html);
+        const struct {
+            unsigned style;
+            int dx, dy;
+        } cases[] = {
+            {DT_CENTER, (56 - w) / 2, 0},           {DT_RIGHT, 56 - w, 0},
+            {DT_VCENTER, 0, (38 - h) / 2},          {DT_BOTTOM, 0, 38 - h},
+            {DT_RIGHT | DT_BOTTOM, 56 - w, 38 - h}, {DT_CENTER | DT_VCENTER, (56 - w) / 2, (38 - h) / 2}};
+        for (const auto& [style, dx, dy] : cases) {
+            const RECT box = drawn(style, html);
+            EXPECT_NEAR(box.left, base.left + dx, 1) << style << html;
+            EXPECT_NEAR(box.top, base.top + dy, 1) << style << html;
+            EXPECT_NEAR(box.right - box.left, base.right - base.left, 1) << style << html;
+        }
+    }
+}

@@ -20,7 +20,9 @@ void paint(CControlUI& root, const DibSurface& surface, const RECT& part) {
 }
 
 RECT randomPart(std::mt19937& random, const RECT& all) {
-    const auto within = [&](LONG from, LONG to) { return std::uniform_int_distribution<LONG>(from, to)(random); };
+    const auto within = [&](LONG from, LONG to) {
+        return std::uniform_int_distribution<LONG>(from, to)(random);
+    };
     RECT part;
     part.left = within(all.left, all.right - 1);
     part.top = within(all.top, all.bottom - 1);
@@ -59,7 +61,8 @@ TEST(PaintParts, LookLikeTheWholeInTheShippedWindows) {
     const struct {
         const wchar_t* file;
         int width, height;
-    } windows[] = {{L"xm_setupframe.xml", 816, 700}, {L"updatecheckframe.xml", 400, 230},
+    } windows[] = {{L"xm_setupframe.xml", 816, 700},
+                   {L"updatecheckframe.xml", 400, 230},
                    {L"xml_mainframe_small.xml", 1189, 708}};
     for (const auto& [file, width, height] : windows) {
         kit::SkinDocument document;
@@ -82,14 +85,17 @@ TEST(PaintParts, LookLikeTheWholeWhateverIsTranslucentRoundOrScrolled) {
         L"bordersize=\"3\" borderround=\"16,12\"/>"
         L"<Control height=\"24\" bordercolor=\"#FF00FFFF\" bordersize=\"1,2,3,4\"/>"
         L"<Label height=\"30\" text=\"a label with words\" textcolor=\"#FFFFFFFF\" align=\"center\"/>"
-        L"<Label height=\"30\" text=\"&lt;b&gt;html&lt;/b&gt; text\" showhtml=\"true\" textcolor=\"#FF00FF00\"/>"
+        L"<Label height=\"30\" text=\"&lt;b&gt;html&lt;/b&gt; text\" showhtml=\"true\" "
+        L"textcolor=\"#FF00FF00\"/>"
         L"<Progress height=\"12\" min=\"0\" max=\"10\" value=\"4\" bkcolor=\"#FF101010\" "
         L"foreimage=\"file='vyn\\progress_fg.png' corner='10,2,10,2'\"/>"
         L"<HBox height=\"60\"><Button width=\"70\" normalimage=\"file='vyn\\btn31_normal.png' "
         L"corner='30,10,30,10'\" text=\"go\" textcolor=\"#FFFFFFFF\"/>"
-        L"<Control width=\"90\" bkimage=\"file='vyn\\panel_idle.png' xtiled='true' ytiled='true' fade='128'\"/>"
+        L"<Control width=\"90\" bkimage=\"file='vyn\\panel_idle.png' xtiled='true' ytiled='true' "
+        L"fade='128'\"/>"
         L"<Control bkimage=\"file='vyn\\title_icon.png' dest='10,5,70,55'\"/></HBox>"
-        L"<VBox vscrollbar=\"true\"><Control height=\"400\" bkcolor=\"#FF00FF00\" bkcolor2=\"#FFFF00FF\"/></VBox>"
+        L"<VBox vscrollbar=\"true\"><Control height=\"400\" bkcolor=\"#FF00FF00\" "
+        L"bkcolor2=\"#FFFF00FF\"/></VBox>"
         L"<Control float=\"true\" pos=\"150,30,260,200\" bkcolor=\"#40FFFFFF\"/>"
         L"</VBox></Window>",
         nullptr, nullptr, &document.manager());

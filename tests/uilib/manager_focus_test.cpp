@@ -112,3 +112,91 @@ TEST(PaintManager, ChildrenThatALostFocusRemovesAreNotHidden) {
     EXPECT_EQ(box->GetCount(), 0);
     EXPECT_TRUE(b.IsVisible());
 }
+
+TEST(PaintManager, TheTabKeyWaitsForALayoutThatIsPending) {
+    Host host;
+    host.attach(ThreeStops);
+    host.manager.SetFocus(&host.probe(L"a"), FocusWindow::No);
+    host.manager.GetRoot()->NeedUpdate();
+    ValidateRect(host, nullptr);
+    EXPECT_TRUE(host.manager.SetNextTabControl(Tab::Forward));
+    EXPECT_TRUE(host.probe(L"a").IsFocused());
+    EXPECT_TRUE(GetUpdateRect(host, nullptr, FALSE)) << "a paint was asked for";
+    host.paint();
+    host.paint();
+    EXPECT_TRUE(host.probe(L"b").IsFocused());
+    host.manager.GetRoot()->NeedUpdate();
+    EXPECT_TRUE(host.manager.SetNextTabControl(Tab::Backward));
+    EXPECT_TRUE(host.probe(L"a").IsFocused()) << "backwards at once";
+}
+
+TEST(PaintManager, AFocusThatIsNeededLandsAfterTheLayoutWhereverItWas) {
+    for (const wchar_t* from : {L"a", L"b", L"c"})
+        for (const wchar_t* to : {L"a", L"b", L"c"}) {
+            Host host;
+            host.attach(ThreeStops);
+            host.manager.SetFocus(&host.probe(from), FocusWindow::No);
+            host.take();
+            host.manager.SetFocusNeeded(&host.probe(to));
+            const std::wstring name(from);
+            EXPECT_EQ(host.take(), std::string(name.begin(), name.end()) + ":20 " +
+                                       std::string(name.begin(), name.end()) + "!killfocus");
+            host.paint();
+            host.paint();
+            EXPECT_TRUE(host.probe(to).IsFocused());
+        }
+    Host host;
+    host.attach(ThreeStops);
+    host.manager.SetFocus(&host.probe(L"b"), FocusWindow::No);
+    host.manager.SetFocusNeeded(nullptr);
+    EXPECT_TRUE(host.probe(L"b").IsFocused()) << "the window alone";
+    EXPECT_EQ(GetFocus(), host.GetHWND());
+}
+
+TEST(PaintManager, TheFocusIsNotToldTwiceAndNotGivenToStrangers) {
+    Host host, other;
+    host.attach(TwoProbes);
+    other.attach(TwoProbes);
+    host.manager.SetFocus(&host.probe(L"a"), FocusWindow::No);
+    host.take();
+    host.manager.SetFocus(&host.probe(L"a"), FocusWindow::No);
+    EXPECT_EQ(host.take(), "");
+    host.manager.SetFocus(&other.probe(L"b"), FocusWindow::No);
+    EXPECT_EQ(host.take(), "a:20 a!killfocus");
+    EXPECT_EQ(other.take(), "");
+    EXPECT_EQ(host.manager.GetFocus(), nullptr);
+}
+
+TEST(PaintManager, AFocusThatBeginsOrEndsToShowIsPaintedAgain) {
+    Host host;
+    host.manager.SetKeyboardFocus(true);
+    host.attach(ThreeStops);
+    host.manager.SetFocus(&host.probe(L"b"), FocusWindow::No);
+    const auto invalidAfter = [&](const std::function<void()>& act) {
+        ValidateRect(host, nullptr);
+        act();
+        RECT part = {};
+        return GetUpdateRect(host, &part, FALSE) ? textOf(part) : "";
+    };
+    LRESULT result = 0;
+    host.manager.PreMessageHandler(WM_KEYDOWN, VK_TAB, 0, result);
+    EXPECT_TRUE(host.manager.IsFocusShown());
+    const std::string place = textOf(host.manager.GetFocus()->GetPos());
+    EXPECT_EQ(invalidAfter([&] { host.mouse(WM_LBUTTONDOWN, 150, 150); }), place);
+    EXPECT_FALSE(host.manager.IsFocusShown());
+    EXPECT_EQ(invalidAfter([&] { host.mouse(WM_LBUTTONDOWN, 150, 150); }), "") << "hidden already";
+}
+
+TEST(PaintManager, ShortcutsReachOnlyWhatIsSeenAndEnabled) {
+    Host host;
+    host.attach(
+        L"<VBox><Stop name=\"gone\" shortcut=\"g\" visible=\"false\"/>"
+        L"<Stop name=\"off\" shortcut=\"f\" enabled=\"false\"/><Stop name=\"ok\" shortcut=\"k\"/></VBox>");
+    LRESULT result;
+    EXPECT_FALSE(host.manager.PreMessageHandler(WM_SYSCHAR, 'g', 0, result));
+    EXPECT_FALSE(host.manager.PreMessageHandler(WM_SYSCHAR, 'f', 0, result));
+    EXPECT_FALSE(host.manager.PreMessageHandler(WM_SYSCHAR, 0, 0, result)) << "no control has none";
+    EXPECT_FALSE(host.manager.PreMessageHandler(WM_CHAR, 'k', 0, result));
+    EXPECT_TRUE(host.manager.PreMessageHandler(WM_SYSCHAR, 'K', 0, result));
+    EXPECT_TRUE(host.probe(L"ok").IsFocused());
+}

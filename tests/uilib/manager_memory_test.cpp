@@ -46,7 +46,7 @@ TEST(ManagerMemory, TimersTakeTheNumbersOfOneByteLessOneInTurn) {
     for (UINT id = 0; id < 255; ++id)
         ASSERT_TRUE(host.manager.SetTimer(&a, id, 100000));
     std::vector<bool> seen(255);
-    for (UINT number = 0; number < 400; ++number) {
+    for (UINT number = 0; number < 300; ++number) {
         host.SendMessage(WM_TIMER, number);
         if (host.take().empty())
             continue;

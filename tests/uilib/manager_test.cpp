@@ -12,13 +12,30 @@ TEST(PaintManager, QueuedNotificationsMergeOnRequest) {
     TUINotify notification;
     notification.type = L"tick";
     notification.sender = &host.probe(L"a");
-    for (int i = 0; i < 3; ++i)
+    struct Note {
+        bool notify(TUINotify& notification) {
+            last = notification;
+            return true;
+        }
+        TUINotify last;
+    } note;
+    host.probe(L"a").OnNotify.Add(&note, &Note::notify);
+    host.mouse(WM_MOUSEMOVE, 7, 8);
+    host.take();
+    for (int i = 0; i < 3; ++i) {
+        notification.wParam = 10 + i;
+        notification.lParam = 20 + i;
         host.manager.SendNotify(notification, Delivery::Queued, Repeats::Merge);
+    }
     host.manager.SendNotify(&host.probe(L"b"), L"tick", 0, 0, Delivery::Queued);
     host.manager.SendNotify(&host.probe(L"b"), L"tick", 0, 0, Delivery::Queued);
     EXPECT_EQ(host.take(), "");
     host.pump();
     EXPECT_EQ(host.take(), "a!tick b!tick b!tick");
+    EXPECT_EQ(note.last.wParam, 12u) << "the latest parameters";
+    EXPECT_EQ(note.last.lParam, 22);
+    EXPECT_EQ(note.last.mouse.x, 7);
+    EXPECT_LT(GetTickCount() - note.last.timestamp, 60000u);
 }
 
 TEST(PaintManager, RemovedControlsLiveUntilTheQueueRuns) {

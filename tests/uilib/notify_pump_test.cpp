@@ -15,7 +15,8 @@ struct Base : CNotifyPump {
         heard += "scroll" + std::to_string(wParam) + "," + std::to_string(lParam) + " ";
     }
     const MessageMap* GetMessageMap() const override {
-        static const Entry entries[] = {entry(L"click", L"", &Base::general), entry(L"scroll", L"", &Base::scroll),
+        static const Entry entries[] = {entry(L"click", L"", &Base::general),
+                                        entry(L"scroll", L"", &Base::scroll),
                                         entry(L"menu", L"ok", &Base::general)};
         static const MessageMap map = {nullptr, entries};
         return &map;
@@ -29,11 +30,12 @@ struct Derived : Base {
     void named(TUINotify&) { heard += "named "; }
     void hidden(TUINotify&) { heard += "hidden "; }
     const MessageMap* GetMessageMap() const override {
-        static const Entry entries[] = {
-            entry(L"click", L"", &Derived::first),   entry(L"click", L"ok", &Derived::named),
-            entry(L"click", L"", &Derived::second),  entry(L"click", L"ok", &Derived::hidden),
-            Entry{L"drop", L""}, // ends the table
-            entry(L"timer", L"", &Derived::hidden)};
+        static const Entry entries[] = {entry(L"click", L"", &Derived::first),
+                                        entry(L"click", L"ok", &Derived::named),
+                                        entry(L"click", L"", &Derived::second),
+                                        entry(L"click", L"ok", &Derived::hidden),
+                                        Entry{L"drop", L""}, // ends the table
+                                        entry(L"timer", L"", &Derived::hidden)};
         static const MessageMap map = {&baseMap(), entries};
         return &map;
     }

@@ -119,8 +119,9 @@ TEST(PlainWindow, CentresOnItsOwnerWithinTheWorkArea) {
                   {work.right - 101, work.bottom - 81}}};
     for (const auto& [place, at] : cases) {
         Plain owner(WS_POPUP | WS_VISIBLE, nullptr, nullptr, place);
-        EXPECT_EQ(centredOn(owner).x, at.x) << place.left;
-        EXPECT_EQ(centredOn(owner).y, at.y) << place.left;
+        const POINT centred = centredOn(owner);
+        EXPECT_EQ(centred.x, at.x) << place.left;
+        EXPECT_EQ(centred.y, at.y) << place.left;
     }
     Plain small(WS_OVERLAPPED | WS_VISIBLE, nullptr, nullptr, {300, 200, 600, 500});
     ShowWindow(small, SW_MINIMIZE);

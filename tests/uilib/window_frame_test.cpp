@@ -243,3 +243,27 @@ TEST(WindowFrame, ReturnDoesNothingAndEscapeCloses) {
     window.PostMessage(WM_KEYDOWN, VK_ESCAPE);
     EXPECT_TRUE(pumpUntil([&] { return window.gone; }));
 }
+
+TEST(WindowFrame, AWindowMayTakeMessagesBeforeItsTreeDoes) {
+    class Custom : public SkinWindow {
+        LRESULT HandleCustomMessage(UINT message, WPARAM wParam, LPARAM, bool& handled) override {
+            handled = message == WM_CHAR && wParam == 'x';
+            return 5;
+        }
+        LRESULT OnKeyDown(UINT, WPARAM wParam, LPARAM, bool& handled) override {
+            handled = wParam == 'Q';
+            return 6;
+        }
+    } window;
+    shown(window);
+    CControlUI* body = window.manager().FindControl(L"body");
+    body->SetFocus();
+    window.log().clear();
+    EXPECT_EQ(window.SendMessage(WM_KEYDOWN, 'Q'), 6);
+    EXPECT_EQ(window.SendMessage(WM_CHAR, 'x'), 5);
+    EXPECT_TRUE(window.log().empty());
+    EXPECT_EQ(window.SendMessage(WM_KEYDOWN, 'R'), 0);
+    EXPECT_EQ(window.SendMessage(WM_CHAR, 'r'), 0);
+    EXPECT_EQ(window.log(), (std::vector<std::string>{"body:3", "body:5"}));
+    closeAndWait(window);
+}

@@ -59,6 +59,14 @@ public:
         pumpMessages();
     }
     void key(UINT virtualKey) { key(GetFocus(), virtualKey); }
+    // Of a control's own timer. Ends none and starts none.
+    bool timerRuns(UILib::CControlUI& control, UINT id) {
+        constexpr UINT later = 60000; // ms
+        if (!manager.SetTimer(&control, id, later))
+            return true;
+        manager.KillTimer(&control, id);
+        return false;
+    }
     std::string take() { return std::exchange(log, {}); }
     uint32_t pixel(UILib::CControlUI& control, int x, int y) {
         UILib::DibSurface surface(nullptr, Width, Height);

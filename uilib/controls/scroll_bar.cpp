@@ -191,7 +191,8 @@ void CScrollBarUI::SetPos(RECT rectangle, bool invalidate) {
 void CScrollBarUI::Move(int dx, int dy, bool invalidate) {
     CControlUI::Move(dx, dy, invalidate);
     for (Part* part : {&button1, &button2, &thumb})
-        part->place = moved(part->place, dx, dy);
+        if (!equal(part->place, {})) // a thumb without room stays nowhere, and is not painted
+            part->place = moved(part->place, dx, dy);
 }
 
 void CScrollBarUI::layoutThumb(int start, int end, int thickness) {

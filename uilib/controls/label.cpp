@@ -108,7 +108,10 @@ void CLabelUI::SetEndEllipsis(bool on) {
 }
 
 void CLabelUI::SetMultiLine(bool on) {
-    SetTextStyle(on ? (textStyle & ~DT_SINGLELINE) | DT_WORDBREAK : textStyle | DT_SINGLELINE);
+    const unsigned style = on ? (textStyle & ~DT_SINGLELINE) | DT_WORDBREAK : textStyle | DT_SINGLELINE;
+    if (textStyle == style)
+        return;
+    SetTextStyle(style);
     needNewEstimate();
 }
 

@@ -10,17 +10,18 @@ using namespace UILib;
 
 namespace {
 
-constexpr wchar_t States[] =
-    L"width=\"100\" height=\"40\" padding=\"20,10,0,0\" bkcolor=\"#FF000001\" "
-    L"normalimage=\"color='#FF000002'\" hotimage=\"color='#FF000003'\" "
-    L"focusedimage=\"color='#FF000005'\" disabledimage=\"color='#FF000006'\" ";
+constexpr wchar_t States[] = L"width=\"100\" height=\"40\" padding=\"20,10,0,0\" bkcolor=\"#FF000001\" "
+                             L"normalimage=\"color='#FF000002'\" hotimage=\"color='#FF000003'\" "
+                             L"focusedimage=\"color='#FF000005'\" disabledimage=\"color='#FF000006'\" ";
 constexpr wchar_t Pushed[] = L"pushedimage=\"color='#FF000004'\" ";
 constexpr wchar_t Selected[] = L"selectedimage=\"color='#FF000007'\" selectedhotimage=\"color='#FF000008'\" "
                                L"selecteddisabledimage=\"color='#FF000009'\" ";
 
 const std::map<std::string, std::string> Colors = {
-    {"000002", "normal"},  {"000003", "hot"},          {"000004", "pushed"},           {"000005", "focused"},
-    {"000006", "disabled"}, {"000007", "selected"}, {"000008", "selected hot"}, {"000009", "selected disabled"}};
+    {"000002", "normal"},       {"000003", "hot"},
+    {"000004", "pushed"},       {"000005", "focused"},
+    {"000006", "disabled"},     {"000007", "selected"},
+    {"000008", "selected hot"}, {"000009", "selected disabled"}};
 
 constexpr POINT Inside = {60, 30}, Edge = {21, 11}, Outside = {60, 120};
 constexpr char Place[] = "20,10,120,50";
@@ -195,8 +196,9 @@ TEST(MouseState, IsNotPushedByAPressThatOutlivedIt) {
 // What lies over a control hides the mouse from it only until the mouse has left both.
 TEST(MouseState, StaysHotUnderWhatLiesOverItUntilTheMouseIsOutside) {
     for (const wchar_t* tag : {L"Button", L"Option", L"Edit", L"Combo"}) {
-        Mouse m(L"<Button name=\"over\" float=\"true\" pos=\"50,20,80,40\" bkcolor=\"#FF00FF00\"/><Container>" +
-                element(tag, L"") + L"</Container>");
+        Mouse m(
+            L"<Button name=\"over\" float=\"true\" pos=\"50,20,80,40\" bkcolor=\"#FF00FF00\"/><Container>" +
+            element(tag, L"") + L"</Container>");
         CControlUI& over = m.get(L"over");
         m.get<CContainerUI>(L"root").SetItemIndex(&over, 1);
         m.get(L"x").SetFloat(true);
@@ -222,7 +224,8 @@ TEST(MouseState, StaysHotUnderWhatLiesOverItUntilTheMouseIsOutside) {
 // A control that takes no mouse leaves it to what it lies in.
 TEST(MouseState, GoesToTheParentOfAControlThatTakesNone) {
     for (const wchar_t* tag : {L"Button", L"Option", L"Edit", L"Combo", L"VBox"}) {
-        Mouse m(L"<Container name=\"page\" menu=\"true\">" + element(tag, L"mouse=\"false\" menu=\"true\"") + L"</Container>");
+        Mouse m(L"<Container name=\"page\" menu=\"true\">" + element(tag, L"mouse=\"false\" menu=\"true\"") +
+                L"</Container>");
         CControlUI& x = m.get(L"x");
         for (const EventKind kind : {EventMouseEnter, EventButtonDown, EventMouseMove, EventDoubleClick}) {
             TUIEvent event = {kind, &x};

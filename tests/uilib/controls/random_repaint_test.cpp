@@ -37,8 +37,9 @@ public:
             const RECT& at = control->GetPos();
             const std::wstring name(control->GetName());
             auto& all = *static_cast<std::string*>(data);
-            all += std::string(name.begin(), name.end()) + "@" + std::to_string(at.left) + "," + std::to_string(at.top) +
-                   "," + std::to_string(at.right) + "," + std::to_string(at.bottom) + " ";
+            all += std::string(name.begin(), name.end()) + "@" + std::to_string(at.left) + "," +
+                   std::to_string(at.top) + "," + std::to_string(at.right) + "," + std::to_string(at.bottom) +
+                   " ";
             return nullptr;
         };
         manager.GetRoot()->FindControl(add, &all, FindVisible | FindMeFirst);
@@ -57,8 +58,8 @@ public:
 
 private:
     std::string someInput(int kind) {
-        constexpr UINT messages[] = {WM_MOUSEMOVE, WM_MOUSEMOVE, WM_MOUSEMOVE, WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONUP,
-                                     WM_RBUTTONDOWN};
+        constexpr UINT messages[] = {WM_MOUSEMOVE, WM_MOUSEMOVE, WM_MOUSEMOVE,  WM_LBUTTONDOWN,
+                                     WM_LBUTTONUP, WM_LBUTTONUP, WM_RBUTTONDOWN};
         constexpr UINT keys[] = {VK_UP, VK_DOWN, VK_PRIOR, VK_NEXT, VK_HOME, VK_END, VK_SPACE};
         const POINT at = {below(Width), below(Height)};
         const std::string where = std::to_string(at.x) + "," + std::to_string(at.y);
@@ -69,7 +70,8 @@ private:
         if (kind == 7) {
             POINT screen = at;
             ClientToScreen(*this, &screen);
-            SendMessage(WM_MOUSEWHEEL, MAKEWPARAM(0, sometimes(3) ? 120 : -120), MAKELPARAM(screen.x, screen.y));
+            SendMessage(WM_MOUSEWHEEL, MAKEWPARAM(0, sometimes(3) ? 120 : -120),
+                        MAKELPARAM(screen.x, screen.y));
             return "wheel at " + where;
         }
         if (kind == 8) {
@@ -137,7 +139,8 @@ private:
         else if (auto* progress = static_cast<CProgressUI*>(control.GetInterface(L"Progress")))
             progress->SetValue(below(100));
         else if (auto* box = static_cast<CContainerUI*>(control.GetInterface(L"Container")))
-            sometimes(2) ? box->SetInset({below(9), below(9), below(9), below(9)}) : box->SetChildPadding(below(9));
+            sometimes(2) ? box->SetInset({below(9), below(9), below(9), below(9)})
+                         : box->SetChildPadding(below(9));
         else
             control.SetMaxWidth(20 + below(200));
         return "changes in its own way";
@@ -152,7 +155,8 @@ TEST(AnyTree, ShowsAfterAnyEventWhatAFreshPaintingWould) {
         std::string story;
         for (int step = 0; step < 30 && !HasFailure(); ++step) {
             story += stage.someEvent() + "\n";
-            EXPECT_EQ(stage.repaints.stale(), "") << seed << "\n" << story << testing::PrintToString(stage.markup());
+            EXPECT_EQ(stage.repaints.stale(), "") << seed << "\n"
+                                                  << story << testing::PrintToString(stage.markup());
         }
     }
 }
@@ -167,7 +171,8 @@ TEST(AnyTree, LiesAfterAnyEventWhereAFreshLayoutWouldPutIt) {
             stage.repaints.settle();
             const std::string places = stage.places();
             stage.layEverythingOut();
-            EXPECT_EQ(places, stage.places()) << seed << "\n" << story << testing::PrintToString(stage.markup());
+            EXPECT_EQ(places, stage.places()) << seed << "\n"
+                                              << story << testing::PrintToString(stage.markup());
         }
     }
 }

@@ -43,7 +43,8 @@ private:
     }
     std::wstring state(const wchar_t* name) { return std::wstring(name) + L"=\"color='" + color() + L"'\" "; }
     std::wstring common(bool fixed = false, bool showsFocus = false) {
-        std::wstring all = L"name=\"c" + std::to_wstring(count++) + L"\" keyboard=\"true\" bkcolor=\"" + color() + L"\" ";
+        std::wstring all =
+            L"name=\"c" + std::to_wstring(count++) + L"\" keyboard=\"true\" bkcolor=\"" + color() + L"\" ";
         if (fixed || sometimes(2))
             all += number(L"width", 20, 150);
         if (fixed || sometimes(2))
@@ -63,19 +64,22 @@ private:
         return all;
     }
     std::wstring leaf(bool fixed) {
-        const std::wstring states = state(L"normalimage") + state(L"hotimage") + state(L"focusedimage") + state(L"disabledimage");
+        const std::wstring states =
+            state(L"normalimage") + state(L"hotimage") + state(L"focusedimage") + state(L"disabledimage");
         switch (below(6)) {
         case 0:
             return L"<Button " + common(fixed, true) + states + state(L"pushedimage") + L"/>";
         case 1:
-            return L"<Option " + common(fixed, true) + states + state(L"selectedimage") + state(L"selectedhotimage") +
-                   (sometimes(2) ? L"group=\"g\"" : L"") + L"/>";
+            return L"<Option " + common(fixed, true) + states + state(L"selectedimage") +
+                   state(L"selectedhotimage") + (sometimes(2) ? L"group=\"g\"" : L"") + L"/>";
         case 2:
             return L"<Edit " + common(fixed, true) + states + L"text=\"typed\"/>";
         case 3:
-            return L"<Progress " + common(fixed, false) + number(L"value", 0, 100) + L"forecolor=\"" + color() + L"\"/>";
+            return L"<Progress " + common(fixed, false) + number(L"value", 0, 100) + L"forecolor=\"" +
+                   color() + L"\"/>";
         case 4:
-            return L"<Label " + common(fixed, false) + L"text=\"some words\" textcolor=\"" + color() + L"\"/>";
+            return L"<Label " + common(fixed, false) + L"text=\"some words\" textcolor=\"" + color() +
+                   L"\"/>";
         default:
             return L"<Control " + common(fixed, true) + L"/>";
         }
@@ -84,7 +88,8 @@ private:
         constexpr const wchar_t* tags[] = {L"VBox", L"HBox", L"VBox", L"HBox", L"Container", L"TabLayout"};
         const std::wstring tag = tags[below(std::size(tags))];
         std::wstring all = L"<" + tag + L" " + common() + margins(L"inset") + number(L"childpadding", 0, 4);
-        const std::wstring style = L"scrollbarstyle=\"thumbcolor=&quot;" + color() + L"&quot; bkcolor=&quot;" + color() + L"&quot;\" ";
+        const std::wstring style = L"scrollbarstyle=\"thumbcolor=&quot;" + color() +
+                                   L"&quot; bkcolor=&quot;" + color() + L"&quot;\" ";
         const bool steady = scrolled == Scrolled::OnlyFixed, vertical = tag == L"VBox";
         const bool bar = sometimes(2) && (!steady || vertical || tag == L"HBox");
         if (bar)

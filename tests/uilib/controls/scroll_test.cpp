@@ -29,7 +29,8 @@ std::wstring parts() {
     std::wstring style;
     for (const auto& part : all)
         for (int i = 0; i < 4; ++i)
-            style += std::wstring(part.name) + states[i] + L"image=&quot;color='#FF" + part.colors[i] + L"'&quot; ";
+            style += std::wstring(part.name) + states[i] + L"image=&quot;color='#FF" + part.colors[i] +
+                     L"'&quot; ";
     for (const wchar_t* state : states)
         style += std::wstring(L"rail") + state + L"image=&quot;&quot; ";
     return style;
@@ -38,9 +39,10 @@ std::wstring parts() {
 std::wstring page(bool lying, const std::wstring& style, const wchar_t* more = L"") {
     const std::wstring tag = lying ? L"HBox" : L"VBox", size = lying ? L"width" : L"height",
                        other = lying ? L"height" : L"width";
-    std::wstring markup = L"<" + tag + L" name=\"page\" width=\"100\" height=\"100\" keyboard=\"true\" menu=\"true\" " + more +
-                          (lying ? L" hscrollbarstyle=\"" : L" vscrollbarstyle=\"") + other + L"=&quot;10&quot; " +
-                          parts() + style + L"\">";
+    std::wstring markup = L"<" + tag +
+                          L" name=\"page\" width=\"100\" height=\"100\" keyboard=\"true\" menu=\"true\" " +
+                          more + (lying ? L" hscrollbarstyle=\"" : L" vscrollbarstyle=\"") + other +
+                          L"=&quot;10&quot; " + parts() + style + L"\">";
     for (int i = 0; i < 4; ++i)
         markup += L"<Control name=\"c" + std::to_wstring(i) + L"\" " + size + L"=\"60\" bkcolor=\"#FF" +
                   std::to_wstring(506070 + i * 101010) + L"\"/>";
@@ -55,7 +57,9 @@ public:
     CContainerUI& box() { return get<CContainerUI>(L"page"); }
     CScrollBarUI& bar() { return *(lying ? box().GetHorizontalScrollBar() : box().GetVerticalScrollBar()); }
     int position() { return bar().GetScrollPos(); }
-    POINT point(int along, int across = Bar) const { return lying ? POINT{along, across} : POINT{across, along}; }
+    POINT point(int along, int across = Bar) const {
+        return lying ? POINT{along, across} : POINT{across, along};
+    }
     void mouse(UINT message, int along, int across = Bar) {
         const POINT at = point(along, across);
         Stage::mouse(message, at.x, at.y);
@@ -104,9 +108,7 @@ TEST_P(Scrolling, GoesByTheStepOfEachWayAndStopsAtTheEnds) {
     const bool lying = GetParam();
     for (const int unit : {0, 20}) {
         Scrolled stage(lying, unit ? L"scrollunit=&quot;20&quot;" : L"");
-        const int line = unit    ? unit
-                         : lying ? 8
-                                 : stage.manager.GetDefaultFontInfo().metrics.tmHeight + 8;
+        const int line = unit ? unit : lying ? 8 : stage.manager.GetDefaultFontInfo().metrics.tmHeight + 8;
         const auto key = [&](UINT code) { stage.SendMessage(WM_KEYDOWN, code); };
         const auto click = [&](int along) {
             stage.mouse(WM_LBUTTONDOWN, along);
@@ -277,9 +279,13 @@ TEST_P(Scrolling, TheThumbFollowsAPressedMouseOnTheTimer) {
 TEST_P(Scrolling, ABarShowsWhichOfItsPartsIsHotAndWhichPushed) {
     Scrolled stage(GetParam());
     const std::string bar = GetParam() ? "0,90,100,100" : "90,0,100,100";
-    const auto move = [&](int along, int across = Bar) { return [&stage, along, across] { stage.mouse(WM_MOUSEMOVE, along, across); }; };
+    const auto move = [&](int along, int across = Bar) {
+        return [&stage, along, across] { stage.mouse(WM_MOUSEMOVE, along, across); };
+    };
     const auto press = [&](int along) { return [&stage, along] { stage.mouse(WM_LBUTTONDOWN, along); }; };
-    const auto release = [&](int along, int across = Bar) { return [&stage, along, across] { stage.mouse(WM_LBUTTONUP, along, across); }; };
+    const auto release = [&](int along, int across = Bar) {
+        return [&stage, along, across] { stage.mouse(WM_LBUTTONUP, along, across); };
+    };
     const struct {
         const char* what;
         std::function<void()> event;
@@ -372,10 +378,14 @@ TEST_P(Scrolling, TheBarFollowsWhatThereIsToShow) {
 // Without a page a bar moves its own position and tells of it.
 TEST(LoneScrollBar, MovesItself) {
     for (const bool lying : {false, true}) {
-        Stage stage(lying ? L"<ScrollBar name=\"s\" hor=\"true\" width=\"100\" height=\"10\" range=\"140\" linesize=\"7\"/>"
-                          : L"<ScrollBar name=\"s\" width=\"10\" height=\"100\" range=\"140\" linesize=\"7\"/>");
+        Stage stage(
+            lying ? L"<ScrollBar name=\"s\" hor=\"true\" width=\"100\" height=\"10\" range=\"140\" "
+                    L"linesize=\"7\"/>"
+                  : L"<ScrollBar name=\"s\" width=\"10\" height=\"100\" range=\"140\" linesize=\"7\"/>");
         auto& bar = stage.get<CScrollBarUI>(L"s");
-        const auto at = [&](UINT message, int along) { lying ? stage.mouse(message, along, 5) : stage.mouse(message, 5, along); };
+        const auto at = [&](UINT message, int along) {
+            lying ? stage.mouse(message, along, 5) : stage.mouse(message, 5, along);
+        };
         const auto tick = [&] {
             TUIEvent event = {EventTimer, &bar};
             event.wParam = 10;
@@ -412,7 +422,9 @@ TEST(LoneScrollBar, RepaintsItselfWhenItChanges) {
     const Repaints repaints(stage, stage.manager);
     auto& bar = stage.get<CScrollBarUI>(L"s");
     const std::string all = "20,0,30,100";
-    const auto picture = [&](const wchar_t* string) { bar.SetPicture(CScrollBarUI::PartThumb, CScrollBarUI::PictureNormal, string); };
+    const auto picture = [&](const wchar_t* string) {
+        bar.SetPicture(CScrollBarUI::PartThumb, CScrollBarUI::PictureNormal, string);
+    };
     const struct {
         const char* what;
         std::function<void()> change;

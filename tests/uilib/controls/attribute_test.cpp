@@ -12,9 +12,21 @@ namespace {
 
 std::pair<const wchar_t*, const wchar_t*> valuesOf(const Attribute& row) {
     static const std::map<std::wstring, std::pair<const wchar_t*, const wchar_t*>> byName = {
-        {L"align", {L"left", L"right"}}, {L"min", {L"0", L"5"}}, {L"max", {L"100", L"200"}}, {L"pos", {L"1,2,31,42", L"9,7,59,60"}},      {L"valign", {L"top", L"bottom"}}, {L"childalign", {L"left", L"right"}},
-        {L"childvalign", {L"top", L"bottom"}}, {L"text", {L"few", L"some more words"}}, {L"value", {L"20", L"60"}},
-        {L"luminousfuzzy", {L"2", L"5"}},     {L"range", {L"50", L"300"}}, {L"font", {L"0", L"1"}}, {L"bordersize", {L"0", L"1"}}, {L"borderstyle", {L"0", L"2"}}, {L"itemfont", {L"0", L"1"}}};
+        {L"align", {L"left", L"right"}},
+        {L"min", {L"0", L"5"}},
+        {L"max", {L"100", L"200"}},
+        {L"pos", {L"1,2,31,42", L"9,7,59,60"}},
+        {L"valign", {L"top", L"bottom"}},
+        {L"childalign", {L"left", L"right"}},
+        {L"childvalign", {L"top", L"bottom"}},
+        {L"text", {L"few", L"some more words"}},
+        {L"value", {L"20", L"60"}},
+        {L"luminousfuzzy", {L"2", L"5"}},
+        {L"range", {L"50", L"300"}},
+        {L"font", {L"0", L"1"}},
+        {L"bordersize", {L"0", L"1"}},
+        {L"borderstyle", {L"0", L"2"}},
+        {L"itemfont", {L"0", L"1"}}};
     if (const auto hit = byName.find(row.name); hit != byName.end())
         return hit->second;
     switch (row.kind) {
@@ -38,8 +50,8 @@ std::pair<const wchar_t*, const wchar_t*> valuesOf(const Attribute& row) {
 // A picture that is not loaded is tried again; and these are rare enough to be set anew.
 bool isNeverTheSame(const Attribute& row) {
     const std::wstring name = row.name;
-    return row.kind == AttributeKind::Image || name == L"redFilePath" || name == L"value" || name.starts_with(L"item") ||
-           name.starts_with(L"showbutton");
+    return row.kind == AttributeKind::Image || name == L"redFilePath" || name == L"value" ||
+           name.starts_with(L"item") || name.starts_with(L"showbutton");
 }
 
 // What a class draws only with these on.
@@ -48,7 +60,8 @@ constexpr struct Tag {
     const wchar_t* attributes;
 } Tags[] = {
     {L"Control", L"bordersize=\"2\" bordercolor=\"#FF00FFFF\" bkcolor=\"#FF335577\""},
-    {L"Label", L"text=\"words\" textcolor=\"#FFFFFFFF\" enabledeffect=\"true\" enabledstroke=\"true\" strokecolor=\"#FF00FF00\" enabledshadow=\"true\""},
+    {L"Label", L"text=\"words\" textcolor=\"#FFFFFFFF\" enabledeffect=\"true\" enabledstroke=\"true\" "
+               L"strokecolor=\"#FF00FF00\" enabledshadow=\"true\""},
     {L"Button", L"text=\"words\" bordersize=\"2\""},
     {L"Option", L"text=\"words\" selected=\"true\""},
     {L"Edit", L"text=\"words\" bordersize=\"2\""},
@@ -65,9 +78,10 @@ std::wstring elementOf(const wchar_t* tag, const wchar_t* attributes) {
     if (name == L"Combo")
         inside = L"<ListLabelElement text=\"one\" selected=\"true\"/>";
     else if (name == L"VBox" || name == L"HBox")
-        inside = L"<Button width=\"30\" height=\"20\" bkcolor=\"#FFAA0000\"/><Button width=\"40\" height=\"20\" bkcolor=\"#FF00AA00\"/>";
-    return L"<HBox height=\"100\"><" + name + L" name=\"x\" height=\"90\" " + attributes + L">" + inside + L"</" + name +
-           L"><Control width=\"50\" bkcolor=\"#FF0000AA\"/></HBox>";
+        inside = L"<Button width=\"30\" height=\"20\" bkcolor=\"#FFAA0000\"/><Button width=\"40\" "
+                 L"height=\"20\" bkcolor=\"#FF00AA00\"/>";
+    return L"<HBox height=\"100\"><" + name + L" name=\"x\" height=\"90\" " + attributes + L">" + inside +
+           L"</" + name + L"><Control width=\"50\" bkcolor=\"#FF0000AA\"/></HBox>";
 }
 
 class EveryAttribute : public testing::TestWithParam<Tag> {};

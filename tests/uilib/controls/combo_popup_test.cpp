@@ -12,13 +12,15 @@ using namespace UILib;
 
 namespace {
 
-constexpr wchar_t Look[] = L"itembkcolor=\"#FF000001\" itemselectedbkcolor=\"#FF000002\" itemhotbkcolor=\"#FF000003\" "
-                           L"itemdisabledbkcolor=\"#FF000004\" dropboxsize=\"0,82\" ";
+constexpr wchar_t Look[] =
+    L"itembkcolor=\"#FF000001\" itemselectedbkcolor=\"#FF000002\" itemhotbkcolor=\"#FF000003\" "
+    L"itemdisabledbkcolor=\"#FF000004\" dropboxsize=\"0,82\" ";
 constexpr int Seen = 82, ItemHeight = 20;
 
 class Popup : public ComboStage {
 public:
-    explicit Popup(int items, const std::wstring& attributes = L"") : ComboStage(combo(items, (Look + attributes).c_str())) {
+    explicit Popup(int items, const std::wstring& attributes = L"")
+        : ComboStage(combo(items, (Look + attributes).c_str())) {
         control().SetSelectCloseFlag(false);
         open();
         body = control().GetItemAt(0)->GetParent();
@@ -95,7 +97,8 @@ TEST(ComboPopup, ScrollsNoFurtherThanTheSelectionNeeds) {
     Popup p(10);
     const int range = 10 * ItemHeight - (Seen - 2);
     std::mt19937 chance(3);
-    const std::pair<UINT, int> keys[] = {{VK_DOWN, 1}, {VK_UP, -1}, {VK_NEXT, 1}, {VK_PRIOR, -1}, {VK_END, 100}, {VK_HOME, -100}};
+    const std::pair<UINT, int> keys[] = {{VK_DOWN, 1},   {VK_UP, -1},   {VK_NEXT, 1},
+                                         {VK_PRIOR, -1}, {VK_END, 100}, {VK_HOME, -100}};
     int selected = -1, scrolled = 0;
     for (int round = 0; round < 60; ++round) {
         if (chance() % 4 == 0) {
@@ -124,7 +127,8 @@ TEST(ComboPopup, KeysTakeTheNextItemThatCanBeSelected) {
     for (const int off : {0, 3, 4, 7})
         p.item(off).SetEnabled(false);
     p.item(5).SetVisible(false);
-    const std::pair<UINT, int> keys[] = {{VK_DOWN, 1}, {VK_DOWN, 2}, {VK_DOWN, 6}, {VK_UP, 2}, {VK_PRIOR, 1}, {VK_UP, 1}, {VK_NEXT, 2}, {VK_HOME, 1}};
+    const std::pair<UINT, int> keys[] = {{VK_DOWN, 1},  {VK_DOWN, 2}, {VK_DOWN, 6}, {VK_UP, 2},
+                                         {VK_PRIOR, 1}, {VK_UP, 1},   {VK_NEXT, 2}, {VK_HOME, 1}};
     for (const auto& [key, wanted] : keys) {
         p.press(key);
         EXPECT_EQ(p.control().GetCurSel(), wanted) << key;

@@ -45,7 +45,8 @@ public:
     bool itemsAreBack() {
         for (int i = 0; i < control().GetCount(); ++i) {
             UILib::CControlUI* item = control().GetItemAt(i);
-            if (item->GetManager() != &manager || item->GetParent() != &control() || !UILib::isEmpty(item->GetPos()))
+            if (item->GetManager() != &manager || item->GetParent() != &control() ||
+                !UILib::isEmpty(item->GetPos()))
                 return false;
         }
         return true;

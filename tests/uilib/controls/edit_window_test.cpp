@@ -13,8 +13,8 @@ namespace {
 class EditStage : public Stage {
 public:
     explicit EditStage(const wchar_t* attributes)
-        : Stage(std::wstring(L"<Edit name=\"e\" width=\"200\" height=\"30\" text=\"some text\" ") + attributes +
-                L"/><Button name=\"b\" height=\"30\"/>") {}
+        : Stage(std::wstring(L"<Edit name=\"e\" width=\"200\" height=\"30\" text=\"some text\" ") +
+                attributes + L"/><Button name=\"b\" height=\"30\"/>") {}
 
     CEditUI& edit() { return get<CEditUI>(L"e"); }
     HWND native() { return edit().GetNativeWindow(); }
@@ -22,7 +22,9 @@ public:
         edit().SetFocus();
         return native();
     }
-    LRESULT ask(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) { return SendMessageW(native(), message, wParam, lParam); }
+    LRESULT ask(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
+        return SendMessageW(native(), message, wParam, lParam);
+    }
     LONG style() { return GetWindowLongW(native(), GWL_STYLE); }
     std::pair<int, int> selection() {
         DWORD first = 0, last = 0;
@@ -47,7 +49,8 @@ TEST(EditWindow, IsWhatTheAttributesSay) {
         EXPECT_EQ(plain.ask(EM_GETMARGINS), 0);
         EXPECT_TRUE(IsWindowEnabled(plain.native()));
     }
-    EditStage special(L"maxchar=\"12\" readonly=\"true\" password=\"true\" numberonly=\"true\" align=\"center\" autoselall=\"true\"");
+    EditStage special(L"maxchar=\"12\" readonly=\"true\" password=\"true\" numberonly=\"true\" "
+                      L"align=\"center\" autoselall=\"true\"");
     ASSERT_NE(special.focused(), nullptr);
     constexpr LONG all = ES_CENTER | ES_PASSWORD | ES_NUMBER | ES_READONLY;
     EXPECT_EQ(special.style() & (all | ES_RIGHT), all);
@@ -113,7 +116,9 @@ TEST(EditWindow, HasItsOwnGround) {
     GetClientRect(native, &client);
     const HDC context = GetDC(native);
     EXPECT_EQ(GetPixel(context, client.right - 2, 2), COLORREF(RGB(0, 255, 0)));
-    EXPECT_EQ(SendMessageW(stage, WM_CTLCOLOREDIT, reinterpret_cast<WPARAM>(context), reinterpret_cast<LPARAM>(native)) != 0, true);
+    EXPECT_EQ(SendMessageW(stage, WM_CTLCOLOREDIT, reinterpret_cast<WPARAM>(context),
+                           reinterpret_cast<LPARAM>(native)) != 0,
+              true);
     EXPECT_EQ(GetTextColor(context), COLORREF(RGB(0, 0, 255)));
     EXPECT_EQ(GetBkMode(context), TRANSPARENT);
     ReleaseDC(native, context);
@@ -149,7 +154,8 @@ TEST(EditWindow, StaysWithTheFocusWhenTheWindowIsResized) {
 
 // The wheel is the page's, but for an edit that is in use.
 TEST(EditWindow, KeepsTheWheelWhileItIsOpen) {
-    Stage stage(L"<VBox name=\"page\" height=\"60\" vscrollbar=\"true\"><Edit name=\"e\" height=\"40\"/><Label height=\"200\"/></VBox>");
+    Stage stage(L"<VBox name=\"page\" height=\"60\" vscrollbar=\"true\"><Edit name=\"e\" "
+                L"height=\"40\"/><Label height=\"200\"/></VBox>");
     auto& page = stage.get<CContainerUI>(L"page");
     const auto turn = [&] {
         POINT at = {10, 10};

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tests/uilib/message_loop.h"
+#include "tests/uilib/probe.h"
 #include "uilib/controls/control.h"
 #include "uilib/core/dialog_builder.h"
 #include "uilib/core/dib_surface.h"
@@ -19,9 +20,10 @@ class Stage : public UILib::CWindowWnd, public UILib::INotifyUI {
 public:
     static constexpr int Width = 300, Height = 200;
 
-    explicit Stage(const std::wstring& elements, int x = 20, int y = 20) {
+    explicit Stage(const std::wstring& elements) : Stage(elements, awayFromPointer()) {}
+    Stage(const std::wstring& elements, POINT at) {
         UILib::CPaintManagerUI::SetInstance(GetModuleHandleW(nullptr));
-        Create(nullptr, L"", WS_POPUP, 0, x, y, Width, Height);
+        Create(nullptr, L"", WS_POPUP, 0, at.x, at.y, Width, Height);
         EXPECT_NE(window, nullptr) << "these tests need a display";
         ::ShowWindow(window, SW_SHOW);
         manager.Init(window);

@@ -29,9 +29,10 @@ public:
     }
     void add(const char* key, const std::optional<std::string>& text) {
         if (text)
-            document.AddMember(Value::StringRefType(key), Value(text->data(), static_cast<rapidjson::SizeType>(text->size()),
- document.GetAllocator()),
-                               document.GetAllocator());
+            document.AddMember(
+                Value::StringRefType(key),
+                Value(text->data(), static_cast<rapidjson::SizeType>(text->size()), document.GetAllocator()),
+                document.GetAllocator());
     }
     std::string text() const;
 
@@ -86,7 +87,8 @@ void checkUpdate(const std::string& bytes) {
     check((asked == UpdateKind::None) <= (silent == UpdateKind::None));
     check((asked == UpdateKind::Forced) == (silent == UpdateKind::Forced));
     check(asked == UpdateKind::None || update.ver > 0);
-    const int percent = downloadPercent(static_cast<uint32_t>(update.ver), static_cast<uint32_t>(update.forceVer));
+    const int percent =
+        downloadPercent(static_cast<uint32_t>(update.ver), static_cast<uint32_t>(update.forceVer));
     check(percent >= 0 && percent <= 99);
 }
 

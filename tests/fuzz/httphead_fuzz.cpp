@@ -6,7 +6,8 @@
 #include <string_view>
 
 // Any answers of a server to one download that is tried again and again: whatever place a body is
-// said to have in the whole, there it must come to lie in the file. Input: lines of STATUS|CONTENT-LENGTH|CONTENT-RANGE|BYTES.
+// said to have in the whole, there it must come to lie in the file. Input: lines of
+// STATUS|CONTENT-LENGTH|CONTENT-RANGE|BYTES.
 
 namespace {
 
@@ -54,7 +55,8 @@ bool readRange(std::wstring_view text, int64_t& first, int64_t& size) {
 void checkNumbers(const HttpHead& head, const Answer& answer) {
     const int64_t length = plainNumber(answer.field[1]);
     check(length < 0 || head.length == static_cast<uint64_t>(length));
-    check(head.length.has_value() <= (answer.field[1].find_first_not_of(L"0123456789") == std::wstring::npos));
+    check(head.length.has_value() <=
+          (answer.field[1].find_first_not_of(L"0123456789") == std::wstring::npos));
     const uint32_t count = utility::lengthAsCount(head);
     check(head.length && *head.length < UINT32_MAX ? count == *head.length : count == UINT32_MAX);
     check(utility::addCounts(count, 7) >= count);

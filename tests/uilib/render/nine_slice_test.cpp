@@ -69,8 +69,7 @@ TEST(NineSlice, shouldPaintNoMiddleWhenTheCornersAreWiderThanTheTarget) {
 
 namespace {
 
-// What a pixel of the target has to come from along one axis, by the definition: borders as they
-// are, the rest from the middle. Where borders overlap, the later one lies on top.
+// Whether a place along one axis belongs to a border, by the definition.
 bool isBorder(int at, int length, int before, int after) {
     return at < before || at >= length - after;
 }
@@ -123,10 +122,8 @@ TEST(NineSlice, shouldCoverEveryPixelOnceWithPiecesOfTheRightKind) {
                     if (!s.target.contains(x, y))
                         continue;
                     ++pieces;
-                    if (!inX)
-                        ASSERT_EQ(s.source.width(), s.target.width());
-                    if (!inY)
-                        ASSERT_EQ(s.source.height(), s.target.height());
+                    ASSERT_TRUE(inX || s.source.width() == s.target.width());
+                    ASSERT_TRUE(inY || s.source.height() == s.target.height());
                     const bool centre = inX && inY;
                     ASSERT_EQ(s.horizontal == Fit::Tile, centre && n.xTiled);
                     ASSERT_EQ(s.vertical == Fit::Tile, centre && n.yTiled);

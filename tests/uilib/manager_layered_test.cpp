@@ -62,9 +62,13 @@ HWND redChild(HWND parent) {
 TEST(LayeredManager, ComposesAllThatHasChangedInOnePart) {
     LayeredHost host;
     EXPECT_EQ(host.compose(), "");
+    RECT before = {}, after = {};
+    GetWindowRect(host, &before);
     host.manager.Invalidate({10, 20, 30, 40});
     host.manager.Invalidate({25, 5, 60, 30});
     EXPECT_EQ(host.compose(), "10,5,60,40");
+    GetWindowRect(host, &after);
+    EXPECT_EQ(textOf(after), textOf(before)) << "composed where the window is";
     EXPECT_EQ(host.compose(), "");
     host.manager.Invalidate({-10, 190, 30, 900});
     EXPECT_EQ(host.compose(), "0,190,30,200");

@@ -186,7 +186,7 @@ TEST_P(Scrolling, APageIsWhatIsSeen) {
         CControlUI& child = stage.get((L"c" + std::to_wstring(i)).c_str());
         GetParam() ? child.SetFixedHeight(300) : child.SetFixedWidth(300);
     }
-    GetParam() ? stage.box().EnableScrollBar(true, true) : stage.box().EnableScrollBar(true, true);
+    stage.box().EnableScrollBar(true, true);
     stage.repaints.settle();
     stage.SendMessage(WM_KEYDOWN, VK_HOME);
     GetParam() ? stage.box().PageRight() : stage.box().PageDown();

@@ -57,6 +57,7 @@ TEST(Separator, ResizesTheLayoutWhenTheMouseLetsGo) {
     EXPECT_TRUE(pumpUntil([&] { return window.pixel(117) == RGB(0x80, 0x40, 0x20); }));
     window.mouse(WM_MOUSEMOVE, 140); // let go
     EXPECT_EQ(window.places(), "0,0,120,200 120,0,300,200");
+    EXPECT_EQ(window.manager().FindControl(L"side")->GetFixedWidth(), 120) << "nor at the next layout";
 }
 
 TEST(Separator, TakesTheLayoutAlongAtOnceAndStopsAtItsLimits) {

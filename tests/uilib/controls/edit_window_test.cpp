@@ -83,17 +83,17 @@ TEST(EditWindow, FollowsWhatChangesWhileItIsOpen) {
 
 // A click on the control goes on to the window, which puts the caret there.
 TEST(EditWindow, TakesTheCaretToTheClick) {
-    EditStage stage(L"");
-    stage.click(190, 15);
+    EditStage stage(L"padding=\"60,0,0,0\"");
+    stage.click(250, 15);
     ASSERT_NE(stage.native(), nullptr);
     EXPECT_EQ(stage.selection(), Selection(9, 9));
     EXPECT_FALSE(stage.manager.IsCaptured());
-    stage.press(5, 15);
+    stage.press(65, 15);
     EXPECT_EQ(stage.selection(), Selection(0, 0));
     SendMessageW(stage.native(), WM_LBUTTONUP, 0, 0);
     stage.edit().SetAutoSelectAll(true);
     SendMessageW(stage.native(), EM_SETSEL, 2, 4);
-    stage.press(5, 15);
+    stage.press(65, 15);
     EXPECT_EQ(stage.selection(), Selection(2, 4)) << "who wants everything selected keeps it so";
 }
 

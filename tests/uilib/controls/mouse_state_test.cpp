@@ -106,6 +106,8 @@ TEST(MouseState, OfAButton) {
         {"enable", m.enable(true), "focused"},
         {"right button", m.send(WM_RBUTTONDOWN, Inside), "focused", false, "x!rightbuttondown"},
     });
+    constexpr UINT fade = 11;
+    EXPECT_FALSE(m.timerRuns(m.get(L"x"), fade)) << "without a fade there is nothing to wait for";
 }
 
 TEST(MouseState, OfAnOption) {

@@ -12,4 +12,5 @@ enum ChannelMessage : UINT {
 };
 
 // 9222 has no meaning here yet; clients that send it are not to be turned away.
-inline constexpr UINT AdmittedMessages[] = {WM_COPYDATA, WM_USER, RaiseWindow, 9222, GameEnded, GameInstalled};
+inline constexpr UINT AdmittedMessages[] = {WM_COPYDATA, WM_USER,   RaiseWindow,
+                                            9222,        GameEnded, GameInstalled};

@@ -27,8 +27,8 @@ protected:
         common::stopServices(); // the entrance starts its own
         QzVyModel::instance().setPathDir(at(L"my 게임\\"));
         QzVySetupImpl{}.saveConfig();
-        for (const wchar_t* line : {L"initCrashReport error", L"addTrayIcon error", L"fonts ret", L"openfile error",
-                                    L"update_en.data", L"download error", L"not a object"})
+        for (const wchar_t* line : {L"initCrashReport error", L"addTrayIcon error", L"fonts ret",
+                                    L"openfile error", L"update_en.data", L"download error", L"not a object"})
             test::allowErrors(line);
     }
     void TearDown() override {
@@ -97,9 +97,10 @@ TEST_F(Entrance, ServesTheGameClientAndASecondStart) {
         write(L"my 게임\\vynclient.exe", "");
         send(9334);
     });
-    for (const char* line : {"************ vyn start ************", "language:en_US", "fonts\\FZY4JW.TTF",
-                             "create main", "handle ipc topwindow", "game exist", "read local version error:0", "game installed", "screenX:",
-                             "It is needUpdate : 0, path ", "qznim end"})
+    for (const char* line :
+         {"************ vyn start ************", "language:en_US", "fonts\\FZY4JW.TTF", "create main",
+          "handle ipc topwindow", "game exist", "read local version error:0", "game installed",
+          "screenX:", "It is needUpdate : 0, path ", "qznim end"})
         EXPECT_TRUE(logs(line)) << line;
     EXPECT_FALSE(FindWindowW(ChannelName, nullptr));
     EXPECT_EQ(QzVyModel::instance().mainWindow, nullptr);
@@ -151,13 +152,17 @@ TEST_F(Entrance, AnInstanceThatRunsIsRaisedByTheNext) {
 TEST_F(Entrance, TheSystemsBrowserIsRegisteredInItsVersion) {
     utility::Key machine, key;
     ASSERT_EQ(RegCreateKeyW(HKEY_CURRENT_USER, L"machine", machine.out()), ERROR_SUCCESS);
-    ASSERT_EQ(RegCreateKeyW(machine.get(), L"SOFTWARE\\Microsoft\\Internet Explorer", key.out()), ERROR_SUCCESS);
+    ASSERT_EQ(RegCreateKeyW(machine.get(), L"SOFTWARE\\Microsoft\\Internet Explorer", key.out()),
+              ERROR_SUCCESS);
     const struct {
         const wchar_t* version; // null: none
         const wchar_t* name;
         DWORD value; // 0: none
-    } cases[] = {{nullptr, L"", 0},           {L"6.0.2900", L"6.0", 0}, {L"8.0.6001", L"8.0", 8888},
-                 {L"9.11.19041.0", L"11.0", 11001}, {L"9", L"9.0", 9999}};
+    } cases[] = {{nullptr, L"", 0},
+                 {L"6.0.2900", L"6.0", 0},
+                 {L"8.0.6001", L"8.0", 8888},
+                 {L"9.11.19041.0", L"11.0", 11001},
+                 {L"9", L"9.0", 9999}};
     test::allowErrors(L"failed to query key");
     test::allowErrors(L"registerIENewVersion error");
     ASSERT_EQ(RegOverridePredefKey(HKEY_LOCAL_MACHINE, machine.get()), ERROR_SUCCESS);
@@ -168,7 +173,8 @@ TEST_F(Entrance, TheSystemsBrowserIsRegisteredInItsVersion) {
         RegDeleteKeyW(HKEY_CURRENT_USER, EmulationKey);
         EXPECT_EQ(webbrowserhelper::registerIENewVersion(), name);
         DWORD stored = 0, size = sizeof stored;
-        RegGetValueW(HKEY_CURRENT_USER, EmulationKey, L"tkvyn.exe", RRF_RT_REG_DWORD, nullptr, &stored, &size);
+        RegGetValueW(HKEY_CURRENT_USER, EmulationKey, L"tkvyn.exe", RRF_RT_REG_DWORD, nullptr, &stored,
+                     &size);
         EXPECT_EQ(stored, value) << name;
     }
     RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);

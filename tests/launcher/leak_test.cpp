@@ -3,6 +3,9 @@
 #include "kit/process_counts.h"
 #include "tests/launcher/flow_fixture.h"
 
+#include "utility/curl_downloader.h"
+
+#include <future>
 #include <vector>
 
 using namespace launcher_test;
@@ -15,16 +18,21 @@ class FlowLeaks : public Flow {
 protected:
     void SetUp() override {
         Flow::SetUp();
-        server.publish("/vyn/config_sea.data", "{}");
-        for (int i = 0; i < 2 * ServerThreads; ++i)
-            runConfigThread(model());
+        server.publish("/warm", "{}");
+        addFault("/warm", publisher::FaultKind::Slow, 4); // so that they are answered side by side
+        std::vector<std::future<void>> answers;
+        for (int i = 0; i < ServerThreads; ++i)
+            answers.push_back(std::async(std::launch::async, [address = server.url("/warm")] {
+                std::string text;
+                utility::QzCurlDownloader::downloadMemory(address, text);
+            }));
     }
 
     // The system's own pools breathe, but what every cycle leaves behind adds up: then no count
     // near the end is as low as one near the beginning.
     template <class Cycle>
-    void expectNoGrowth(int cycles, Cycle cycle) {
-        constexpr int warmUp = 3;
+    void expectNoGrowth(int cycles, Cycle cycle, unsigned tolerance = 0) {
+        constexpr int warmUp = 2;
         std::vector<kit::ProcessCounts> all;
         for (int i = 0; i < warmUp + cycles; ++i) {
             ASSERT_NO_FATAL_FAILURE(cycle()) << i;
@@ -35,8 +43,7 @@ protected:
                                   &kit::ProcessCounts::windows, &kit::ProcessCounts::gdi}) {
             const auto highest = std::ranges::max_element(all.begin(), all.begin() + cycles / 3, {}, member);
             const auto lowest = std::ranges::min_element(all.end() - cycles / 3, all.end(), {}, member);
-            EXPECT_LE((*lowest).*member, (*highest).*member);
-            printf("%u to %u\n", (*highest).*member, (*lowest).*member);
+            EXPECT_LE((*lowest).*member, (*highest).*member + tolerance);
         }
     }
 
@@ -50,29 +57,32 @@ private:
 
 class PlayerLeaks : public FlowLeaks {
 protected:
-    void expectNoGrowthOfInstallations(int cycles) {
+    void expectNoGrowthOfInstallations(int cycles, unsigned tolerance) {
         publishPlayer();
         int installed = 0;
-        expectNoGrowth(cycles, [&] {
-            DeleteFileW(at(Package).c_str());
-            clickStart();
-            ASSERT_TRUE(pumpUntilLogged(L"driverconfig.exe], param", ++installed));
-            ASSERT_TRUE(pumpUntilTold(L"flow_no_client"));
-            frame->resetAfterPathChange();
-        });
+        expectNoGrowth(
+            cycles,
+            [&] {
+                DeleteFileW(at(Package).c_str());
+                clickStart();
+                ASSERT_TRUE(pumpUntilLogged(L"driverconfig.exe], param", ++installed));
+                ASSERT_TRUE(pumpUntilTold(L"flow_no_client"));
+                frame->resetAfterPathChange();
+            },
+            tolerance);
         EXPECT_EQ(requests(PackagePath), installed);
     }
 };
 
 TEST_F(PlayerLeaks, DownloadAndInstallation) {
-    expectNoGrowthOfInstallations(24);
+    expectNoGrowthOfInstallations(12, 0);
 }
 
 // What the installation leaves of its seventeen processes shows at once.
 TEST_F(PlayerLeaks, ProgramsOfAnInstallation) {
     test::allowErrors(L"execute exitcode");
     ASSERT_TRUE(CopyFileW(at(L"child.exe").c_str(), at(L"taskkill.exe").c_str(), FALSE));
-    expectNoGrowthOfInstallations(3);
+    expectNoGrowthOfInstallations(3, 16); // fewer than one of each
     EXPECT_GT(logged(L"execute exitcode"), 80);
     EXPECT_TRUE(CopyFileW(at(L"multi_language.tsv").c_str(), at(L"taskkill.exe").c_str(), FALSE));
 }
@@ -80,7 +90,7 @@ TEST_F(PlayerLeaks, ProgramsOfAnInstallation) {
 TEST_F(FlowLeaks, GamePackage) {
     publishGame(someBytes(50'000));
     int started = 0;
-    expectNoGrowth(24, [&] {
+    expectNoGrowth(12, [&] {
         write(L"my 게임\\data\\appversion1000", "5000");
         frame->_checkGameAndAppVersion();
         clickStart();
@@ -92,7 +102,7 @@ TEST_F(FlowLeaks, GamePackage) {
 
 TEST_F(FlowLeaks, RemoteConfiguration) {
     server.publish("/vyn/config_sea.data", R"({"appminversion":5210})");
-    expectNoGrowth(60, [&] { runConfigThread(model()); });
+    expectNoGrowth(30, [&] { runConfigThread(model()); });
 }
 
 } // namespace

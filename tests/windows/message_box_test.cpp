@@ -185,7 +185,7 @@ TEST_F(MessageBoxTest, GoesWithItsParent) {
     EXPECT_TRUE(gone());
 }
 
-TEST_F(MessageBoxTest, AHundredBoxesLeaveNothingBehind) {
+TEST_F(MessageBoxTest, ManyBoxesLeaveNothingBehind) {
     const auto openAndClose = [this] {
         ask();
         ASSERT_TRUE(pumpUntil([] { return button(box(), 0)->IsFocused(); })); // painted
@@ -195,7 +195,7 @@ TEST_F(MessageBoxTest, AHundredBoxesLeaveNothingBehind) {
     openAndClose();
     kit::ProcessCounts before, after;
     ASSERT_TRUE(kit::readProcessCounts(GetCurrentProcessId(), before));
-    for (int i = 0; i < 100; ++i)
+    for (int i = 0; i < 20; ++i)
         openAndClose();
     ASSERT_TRUE(kit::readProcessCounts(GetCurrentProcessId(), after));
     EXPECT_LE(after.gdi, before.gdi + 2);

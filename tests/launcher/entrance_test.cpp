@@ -6,6 +6,7 @@
 #include "shell/QzVySetupImpl.h"
 #include "tests/launcher/support.h"
 #include "tests/support/log_watch.h"
+#include "utility/curl_library.h"
 #include "utility/files.h"
 #include "utility/registry.h"
 #include "utility/task_dispatcher.h"
@@ -37,6 +38,7 @@ protected:
             DeleteFileW(at(name).c_str());
         QzVySetupImpl::instance() = {};
         QzVyModel::instance().needRestart = false;
+        utility::CurlLibrary::start(); // which the program has ended
     }
 
     // Runs the program and, beside it, what the user does once the window is there; his last

@@ -15,7 +15,12 @@ namespace launcher_test {
 
 namespace {
 
-constexpr wchar_t RegistryKey[] = L"Software\\vyn launcher test";
+// One for each program, since they may run side by side.
+std::wstring registryKey() {
+    wchar_t program[MAX_PATH] = {};
+    GetModuleFileNameW(nullptr, program, MAX_PATH);
+    return L"Software\\vyn test of " + std::wstring(wcsrchr(program, L'\\') + 1);
+}
 
 void removeLeftovers() {
     for (const wchar_t* folder : {L"data", L"game", L"my 게임"})
@@ -30,8 +35,8 @@ void removeLeftovers() {
 } // namespace
 
 void Stage::SetUp() {
-    RegDeleteTreeW(HKEY_CURRENT_USER, RegistryKey); // of a run that was ended by force
-    ASSERT_EQ(RegCreateKeyW(HKEY_CURRENT_USER, RegistryKey, registry.out()), ERROR_SUCCESS);
+    RegDeleteTreeW(HKEY_CURRENT_USER, registryKey().c_str()); // of a run that was ended by force
+    ASSERT_EQ(RegCreateKeyW(HKEY_CURRENT_USER, registryKey().c_str(), registry.out()), ERROR_SUCCESS);
     ASSERT_EQ(RegOverridePredefKey(HKEY_CURRENT_USER, registry.get()), ERROR_SUCCESS);
     ASSERT_TRUE(server.start());
     std::string host = server.url("/");
@@ -47,7 +52,7 @@ void Stage::TearDown() {
     common::stopServices();
     removeLeftovers();
     RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
-    RegDeleteTreeW(HKEY_CURRENT_USER, RegistryKey);
+    RegDeleteTreeW(HKEY_CURRENT_USER, registryKey().c_str());
 }
 
 bool Stage::pumpUntil(const std::function<bool()>& condition, unsigned seconds) {

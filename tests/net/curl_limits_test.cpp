@@ -13,7 +13,25 @@
 #undef curl_easy_setopt
 
 namespace {
+
 std::atomic<int> smaller = 1;
+
+// With sizes here, transfers are pieces of these, straight to the client's write function.
+std::vector<size_t> pieces;
+curl_write_callback writeFunction = nullptr;
+void* writeData = nullptr;
+
+} // namespace
+
+extern "C" CURLcode __real_curl_easy_perform(CURL* curl);
+
+extern "C" CURLcode __wrap_curl_easy_perform(CURL* curl) {
+    if (pieces.empty())
+        return __real_curl_easy_perform(curl);
+    for (const size_t size : pieces)
+        if (writeFunction(std::string(size, 'x').data(), 1, size, writeData) != size)
+            return CURLE_WRITE_ERROR;
+    return CURLE_OK;
 }
 
 extern "C" CURLcode __real_curl_easy_setopt(CURL* curl, CURLoption option, ...);
@@ -30,7 +48,12 @@ extern "C" CURLcode __wrap_curl_easy_setopt(CURL* curl, CURLoption option, ...) 
     } else if (option == CURLOPT_TIMEOUT_MS || option == CURLOPT_CONNECTTIMEOUT_MS) {
         code = __real_curl_easy_setopt(curl, option, va_arg(arguments, long) / smaller);
     } else { // a long or a pointer, of the same size here
-        code = __real_curl_easy_setopt(curl, option, va_arg(arguments, void*));
+        void* const value = va_arg(arguments, void*);
+        if (option == CURLOPT_WRITEFUNCTION)
+            writeFunction = reinterpret_cast<curl_write_callback>(value);
+        if (option == CURLOPT_WRITEDATA)
+            writeData = value;
+        code = __real_curl_easy_setopt(curl, option, value);
     }
     va_end(arguments);
     return code;
@@ -48,6 +71,7 @@ protected:
     static void TearDownTestSuite() { CurlLibrary::end(); }
     void TearDown() override {
         smaller = 1;
+        pieces.clear();
         NetTest::TearDown();
     }
 
@@ -108,6 +132,18 @@ TEST_F(CurlLimits, aServerThatTakesNoConnectionIsGivenUp) {
     for (const SOCKET caller : callers)
         closesocket(caller);
     closesocket(listener);
+}
+
+TEST_F(CurlLimits, aDocumentHasAnEnd) {
+    std::string document = "old";
+    pieces = {64 << 20, 1};
+    EXPECT_FALSE(QzCurlDownloader::downloadMemory(server.url("/file"), document));
+    EXPECT_EQ(document, "old");
+    EXPECT_EQ(logged(L"not enough memory error"), 1);
+    EXPECT_EQ(logged(L"curl download error"), 1);
+    pieces = {1, (64 << 20) - 1};
+    EXPECT_TRUE(QzCurlDownloader::downloadMemory(server.url("/file"), document));
+    EXPECT_EQ(document.size(), 64u << 20);
 }
 
 TEST_F(CurlLimits, aFileComesNoFasterThanItsCeiling) {

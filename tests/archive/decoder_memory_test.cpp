@@ -25,8 +25,8 @@ TEST(DecoderMemory, keepsExactlyToItsBudget) {
     for (int step = 0; step < 5000; ++step) {
         const size_t size = random() % 3000;
         const bool own = random() % 2;
-        auto* bytes = static_cast<uint8_t*>(own ? memory.allocate(size)
-                                                : memory.calls()->Alloc(memory.calls(), size));
+        auto* bytes =
+            static_cast<uint8_t*>(own ? memory.allocate(size) : memory.calls()->Alloc(memory.calls(), size));
         ASSERT_EQ(bytes != nullptr, size <= budget - used) << step;
         if (bytes) {
             EXPECT_EQ(reinterpret_cast<uintptr_t>(bytes) % alignof(uint64_t), 0u);

@@ -66,16 +66,17 @@ TEST(Limits, anArchiveMayReachBeyondFourGigabytes) {
         ASSERT_TRUE(file.flush());
     }
     Recorder recorder;
-    EXPECT_EQ(
-        archive::extractArchive((temp / "far.7z").wstring(), (temp / "out").wstring(), &recorder),
-        archive::Ok);
+    EXPECT_EQ(archive::extractArchive((temp / "far.7z").wstring(), (temp / "out").wstring(), &recorder),
+              archive::Ok);
     EXPECT_EQ(readTree(temp / "out"), (Tree{{"good.txt", "good content"}, {"more.txt", "more"}}));
 }
 
 TEST(Limits, memoryTakesEntriesUpToAGigabyte) {
-    for (const auto& [name, code] : {std::pair("claim_0.7z", archive::DataError), {"claim_1.7z", archive::OutOfMemory}}) {
+    for (const auto& [name, code] :
+         {std::pair("claim_0.7z", archive::DataError), {"claim_1.7z", archive::OutOfMemory}}) {
         const std::string bytes = readFile(archives("limits") / name);
-        EXPECT_EQ(archive::extractArchiveFromMemory(bytes.data(), static_cast<uint32_t>(bytes.size()), keep), code);
+        EXPECT_EQ(archive::extractArchiveFromMemory(bytes.data(), static_cast<uint32_t>(bytes.size()), keep),
+                  code);
         EXPECT_EQ(test::logged(L"huge.bin is too large: 1073741825 bytes"), code == archive::OutOfMemory);
     }
 }

@@ -21,9 +21,10 @@ std::string under(CControlUI& root, int x, int y, unsigned more = 0) {
 
 // 80 by 80 seen of 120: a bar of 4 at the right, and something that floats in the margin.
 Tree scrolled() {
-    Tree root = buildTree(L"<VBox name=\"r\" inset=\"10,10,10,10\" vscrollbar=\"true\"><Control name=\"a\" height=\"60\"/>"
-                          L"<VBox name=\"b\" height=\"60\"><Control name=\"c\" height=\"30\"/></VBox>"
-                          L"<Control name=\"f\" float=\"true\" pos=\"0,0,6,6\"/></VBox>");
+    Tree root = buildTree(
+        L"<VBox name=\"r\" inset=\"10,10,10,10\" vscrollbar=\"true\"><Control name=\"a\" height=\"60\"/>"
+        L"<VBox name=\"b\" height=\"60\"><Control name=\"c\" height=\"30\"/></VBox>"
+        L"<Control name=\"f\" float=\"true\" pos=\"0,0,6,6\"/></VBox>");
     root->SetPos({0, 0, 100, 100}, false);
     return root;
 }
@@ -36,9 +37,18 @@ TEST(ControlUnderAPoint, IsTheOneThatIsSeenThere) {
     struct {
         int x, y;
         const char *first, *scrolled;
-    } const cases[] = {{20, 20, "a", "a"}, {20, 29, "a", "a"},  {20, 30, "a", "c"},  {20, 60, "a", "b"},
-                       {20, 75, "c", "b"}, {20, 89, "c", "b"},  {20, 90, "r", "r"},  {2, 2, "f", "f"},
-                       {7, 7, "r", "r"},   {88, 50, "ScrollBar", "ScrollBar"}, {85, 50, "a", "c"}, {95, 50, "r", "r"},
+    } const cases[] = {{20, 20, "a", "a"},
+                       {20, 29, "a", "a"},
+                       {20, 30, "a", "c"},
+                       {20, 60, "a", "b"},
+                       {20, 75, "c", "b"},
+                       {20, 89, "c", "b"},
+                       {20, 90, "r", "r"},
+                       {2, 2, "f", "f"},
+                       {7, 7, "r", "r"},
+                       {88, 50, "ScrollBar", "ScrollBar"},
+                       {85, 50, "a", "c"},
+                       {95, 50, "r", "r"},
                        {100, 50, "nothing", "nothing"}};
     for (const auto& point : cases)
         EXPECT_EQ(under(*root, point.x, point.y), point.first) << point.x << "," << point.y;

@@ -6,8 +6,10 @@ using namespace UILib;
 
 // The page that comes takes the focus to its first stop, and the window is told from where.
 TEST(TabLayout, TellsOfATurnedPageAndTakesTheFocusThere) {
-    Stage stage(L"<TabLayout name=\"t\"><VBox name=\"p0\"><Button name=\"b0\" keyboard=\"true\" bkcolor=\"#FFFF0000\"/></VBox>"
-                L"<VBox name=\"p1\"><Label height=\"20\"/><Button name=\"b1\" keyboard=\"true\" bkcolor=\"#FF00FF00\"/></VBox>"
+    Stage stage(L"<TabLayout name=\"t\"><VBox name=\"p0\"><Button name=\"b0\" keyboard=\"true\" "
+                L"bkcolor=\"#FFFF0000\"/></VBox>"
+                L"<VBox name=\"p1\"><Label height=\"20\"/><Button name=\"b1\" keyboard=\"true\" "
+                L"bkcolor=\"#FF00FF00\"/></VBox>"
                 L"<Button name=\"p2\" keyboard=\"true\" bkcolor=\"#FF0000FF\"/></TabLayout>");
     const Repaints repaints(stage, stage.manager);
     auto& tabs = stage.get<CTabLayoutUI>(L"t");

@@ -1,4 +1,5 @@
 #include "launcher/qzvy/QzVyModel.h"
+#include "tests/support/log_watch.h"
 #include "tests/windows/skinned_window.h"
 #include "uilib/controls/progress.h"
 #include "update/QzHubUpdateCheckFrame.h"
@@ -13,12 +14,16 @@ namespace {
 constexpr wchar_t UpdateClass[] = L"updateFrame";
 constexpr wchar_t CheckClass[] = L"updatecheckframe";
 
+const bool reachesNobody = SetEnvironmentVariableW(L"VYN_PUBLISHER", L"http://127.0.0.1:1");
+
 // The model's results are played by the test; its clients reach nobody. The owner stands
 // for the launcher's main window.
 class UpdateWindow : public windows_test::SkinnedWindows {
 protected:
     void SetUp() override {
         SkinnedWindows::SetUp();
+        ASSERT_TRUE(reachesNobody);
+        test::allowErrors(L"update: download error");
         QzVyModel::instance().mainWindow = owner;
     }
     void TearDown() override {

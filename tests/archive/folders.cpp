@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 namespace archive_test {
 
 fs::path archives(const char* group) {
-    return fs::path(ARCHIVES_FOLDER) / group;
+    return fs::path(u8"" ARCHIVES_FOLDER) / group;
 }
 
 std::map<std::string, fs::path> archivesOf(const char* group) {

@@ -16,8 +16,8 @@ using UILib::Raster;
 
 namespace {
 
-const fs::path Kept = GOLDEN_FOLDER;     // in the sources
-const fs::path Left = GOLDEN_MISMATCHES; // in the build tree
+const fs::path Kept = u8"" GOLDEN_FOLDER;     // in the sources
+const fs::path Left = u8"" GOLDEN_MISMATCHES; // in the build tree
 
 struct Picture {
     std::vector<uint32_t> pixels;

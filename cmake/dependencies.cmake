@@ -25,7 +25,6 @@ add_library(deps::headers ALIAS deps_headers)
 
 import_library(lzma FILE lzma DEFINES Z7_EXTRACT_ONLY INCLUDES ${VYN_DEPS_DIR}/include/lzma)
 import_library(gtest FILE gtest)
-import_library(gtest_main FILE gtest_main LINKS deps::gtest)
 import_library(duktape FILE duktape)
 import_library(xml2 FILE xml2 DEFINES LIBXML_STATIC INCLUDES ${VYN_DEPS_DIR}/include/libxml2)
 if(WIN32)

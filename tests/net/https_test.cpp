@@ -1,4 +1,5 @@
 #include "tests/net/net_fixture.h"
+#include "tests/support/host_program.h"
 #include "utility/curl_downloader.h"
 #include "utility/curl_library.h"
 #include "utility/encoding.h"
@@ -17,16 +18,6 @@ namespace {
 
 const std::wstring Folder = utility::ansiToWide("Z:" TLS_FOLDER "\\");
 
-void runOnHost(std::wstring commandLine) {
-    STARTUPINFOW startup = {};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION created = {};
-    ASSERT_TRUE(CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                               &startup, &created));
-    utility::KernelHandle(created.hProcess).reset();
-    utility::KernelHandle(created.hThread).reset();
-}
-
 class Https : public NetTest {
 protected:
     static void SetUpTestSuite() {
@@ -35,7 +26,7 @@ protected:
             return;
         utility::ufile::removeDir(Folder.substr(0, Folder.size() - 1));
         utility::ufile::makeDir(Folder.substr(0, Folder.size() - 1));
-        runOnHost(L"Z:\\usr\\bin\\python3 -B " + utility::ansiToWide(TLS_SERVER " " TLS_FOLDER " 100"));
+        test::runOnHost(L"Z:\\usr\\bin\\python3 -B " + utility::ansiToWide(TLS_SERVER " " TLS_FOLDER " 100"));
         for (const wchar_t* name : {L"known.port", L"unknown.port"})
             waitFor([&] { return utility::ufile::isExist(Folder + name); });
         trust(true); // before the first transfer: the system looks at its roots once

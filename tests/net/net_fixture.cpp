@@ -66,11 +66,6 @@ void writeFile(const std::wstring& path, const std::string& bytes) {
     std::ofstream(std::filesystem::path(path), std::ios::binary) << bytes;
 }
 
-void captureLog() {
-    test::takeLog();
-    test::watchLog();
-}
-
 int logged(const std::wstring& text) {
     test::allowErrors(text);
     return test::logged(text);

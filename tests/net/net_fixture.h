@@ -38,9 +38,6 @@ std::wstring fullDisk();
 std::string readFile(const std::wstring& path);
 void writeFile(const std::wstring& path, const std::string& bytes);
 
-// Forgets what was logged so far.
-void captureLog();
-
 // How many lines of the running test hold this text. They are no surprise then.
 int logged(const std::wstring& text);
 

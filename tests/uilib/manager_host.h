@@ -60,6 +60,19 @@ private:
     }
 };
 
+// Tells whether a control has been destroyed.
+class Gone {
+public:
+    explicit Gone(UILib::CControlUI& control) { control.OnDestroy.Add(this, &Gone::set); }
+    Gone(const Gone&) = delete;
+    Gone& operator=(const Gone&) = delete;
+    operator bool() const { return gone; }
+
+private:
+    bool set(UILib::CControlUI&) { return gone = true; }
+    bool gone = false;
+};
+
 inline const wchar_t TwoProbes[] =
     L"<VBox><Probe name=\"a\" height=\"50\"/><Probe name=\"b\" height=\"50\"/></VBox>";
 inline const wchar_t ThreeStops[] =

@@ -60,12 +60,7 @@ TEST(ManagerMemory, ANewTreeForgetsTheOldOne) {
     Host host;
     host.attach(TwoProbes);
     Probe& a = host.probe(L"a");
-    bool gone = false;
-    struct Watch {
-        bool* gone;
-        bool set(CControlUI&) { return *gone = true; }
-    } watch{&gone};
-    a.OnDestroy.Add(&watch, &Watch::set);
+    const Gone gone(a);
     a.SetFocus();
     host.mouse(WM_MOUSEMOVE, 5, 5);
     host.mouse(WM_LBUTTONDOWN, 5, 5);

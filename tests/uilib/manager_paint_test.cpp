@@ -16,15 +16,20 @@ LRESULT CALLBACK printRed(HWND window, UINT message, WPARAM wParam, LPARAM lPara
     return 0;
 }
 
+// At 30,40 and ten pixels wide and high; it prints itself red.
+void addRedChild(HWND parent) {
+    const HWND child = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE, 30, 40, 10, 10, parent,
+                                       nullptr, nullptr, nullptr);
+    SetWindowLongPtrW(child, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(printRed));
+}
+
 } // namespace
 
 // Into a context whose origin is elsewhere already, as of a parent that prints its children.
 TEST(PaintManager, PrintsChildWindowsAtTheirPlace) {
     Host host;
     host.attach(L"<VBox bkcolor=\"#FF0000FF\"/>");
-    const HWND child = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE, 30, 40, 10, 10, host,
-                                       nullptr, nullptr, nullptr);
-    SetWindowLongPtrW(child, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(printRed));
+    addRedChild(host);
     DibSurface surface(nullptr, 100, 100);
     SetWindowOrgEx(surface.context(), -20, -10, nullptr);
     host.SendMessage(WM_PRINTCLIENT, reinterpret_cast<WPARAM>(surface.context()), PRF_CHILDREN);
@@ -257,9 +262,7 @@ TEST(PaintManager, OutlinesWhatItPaintsOnRequest) {
 TEST(PaintManager, PrintsNoChildUnlessAskedAndLeavesTheContextAsItWas) {
     Host host;
     host.attach(L"<VBox bkcolor=\"#FF0000FF\"/>");
-    const HWND child = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE, 30, 40, 10, 10, host,
-                                       nullptr, nullptr, nullptr);
-    SetWindowLongPtrW(child, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(printRed));
+    addRedChild(host);
     DibSurface surface(nullptr, 100, 100);
     SetTextColor(surface.context(), RGB(1, 2, 3));
     host.SendMessage(WM_PRINTCLIENT, reinterpret_cast<WPARAM>(surface.context()), 0);

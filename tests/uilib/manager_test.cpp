@@ -42,12 +42,7 @@ TEST(PaintManager, RemovedControlsLiveUntilTheQueueRuns) {
     Host host;
     CControlUI* root = host.attach(TwoProbes);
     Probe& a = host.probe(L"a");
-    bool gone = false;
-    struct Watch {
-        bool* gone;
-        bool set(CControlUI&) { return *gone = true; }
-    } watch{&gone};
-    a.OnDestroy.Add(&watch, &Watch::set);
+    const Gone gone(a);
     a.SetFocus();
     host.manager.SetTimer(&a, 1, 100000);
     host.manager.SendNotify(&a, L"late", 0, 0, Delivery::Queued);

@@ -1,4 +1,5 @@
 #include "tests/uilib/message_loop.h"
+#include "tests/uilib/window_places.h"
 #include "uilib/core/rects.h"
 #include "uilib/core/window.h"
 
@@ -10,25 +11,6 @@
 using namespace UILib;
 
 namespace {
-
-RECT frameOf(HWND window) {
-    RECT frame = {};
-    GetWindowRect(window, &frame);
-    return frame;
-}
-
-SIZE clientOf(HWND window) {
-    RECT client = {};
-    GetClientRect(window, &client);
-    return {client.right, client.bottom};
-}
-
-MONITORINFO monitor() {
-    MONITORINFO info = {};
-    info.cbSize = sizeof info;
-    GetMonitorInfoW(MonitorFromPoint({}, MONITOR_DEFAULTTOPRIMARY), &info);
-    return info;
-}
 
 // A window without a skin.
 class Plain : public CWindowWnd {

@@ -1,5 +1,6 @@
 #include "tests/uilib/manager_host.h"
 #include "tests/uilib/skin_window.h"
+#include "tests/uilib/window_places.h"
 #include "uilib/controls/container.h"
 
 // The frame that a skinned window gives itself, in place of the system's: edges, caption, limits,
@@ -20,25 +21,6 @@ LRESULT hitAt(SkinWindow& window, int x, int y) {
     POINT point = {x, y};
     ClientToScreen(window, &point);
     return window.SendMessage(WM_NCHITTEST, 0, MAKELPARAM(point.x, point.y));
-}
-
-RECT frameOf(HWND window) {
-    RECT frame = {};
-    GetWindowRect(window, &frame);
-    return frame;
-}
-
-SIZE clientOf(HWND window) {
-    RECT client = {};
-    GetClientRect(window, &client);
-    return {client.right, client.bottom};
-}
-
-MONITORINFO monitor() {
-    MONITORINFO info = {};
-    info.cbSize = sizeof info;
-    GetMonitorInfoW(MonitorFromPoint({}, MONITOR_DEFAULTTOPRIMARY), &info);
-    return info;
 }
 
 const wchar_t UnevenSkin[] =

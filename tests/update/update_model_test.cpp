@@ -18,7 +18,7 @@ protected:
     void SetUp() override {
         NetTest::SetUp();
         common::startServices();
-        captureLog();
+        test::watchLog();
         updateFolder = utility::ufile::getModuleDir() + L"update";
         model = std::make_unique<QzHubUpdateModel>(url("/vyn/update_en.data"));
         model->onCheckResult = [this](const std::wstring& version, const std::wstring& content, bool force) {

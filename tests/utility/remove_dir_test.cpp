@@ -1,3 +1,4 @@
+#include "tests/support/host_program.h"
 #include "tests/utility/support.h"
 
 #include "utility/encoding.h"
@@ -78,30 +79,20 @@ std::wstring hostPath(const std::wstring& path) {
     return wide + L"/" + path.substr(folder.size());
 }
 
-void runOnHost(std::wstring commandLine) {
-    STARTUPINFOW startup = {};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION created = {};
-    EXPECT_TRUE(CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                               &startup, &created));
-    utility::KernelHandle(created.hProcess).reset();
-    utility::KernelHandle(created.hThread).reset();
-}
-
 // Wine claims to make and to remove symbolic links and does not. Links of its host read
 // as reparse points, so the host's own programs do it there.
 class Link {
 public:
     Link(const std::wstring& path, const std::wstring& target) : path(path) {
         if (hostPathFunction())
-            runOnHost(L"Z:\\bin\\ln -s \"" + hostPath(target) + L"\" \"" + hostPath(path) + L"\"");
+            test::runOnHost(L"Z:\\bin\\ln -s \"" + hostPath(target) + L"\" \"" + hostPath(path) + L"\"");
         else
             CreateSymbolicLinkW(path.c_str(), target.c_str(), SYMBOLIC_LINK_FLAG_DIRECTORY);
         EXPECT_TRUE(test::waitUntil([&] { return isExist(path); }));
     }
     ~Link() {
         if (hostPathFunction())
-            runOnHost(L"Z:\\bin\\rm -f \"" + hostPath(path) + L"\"");
+            test::runOnHost(L"Z:\\bin\\rm -f \"" + hostPath(path) + L"\"");
         EXPECT_TRUE(test::waitUntil([&] { return !isExist(path); }));
     }
 
